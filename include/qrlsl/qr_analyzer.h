@@ -1,0 +1,59 @@
+// QR_Analyzer: turns text into eojuls with candidate analyses.
+//
+// Typical use: create on a loaded QR_Knowledge, set options, then either set
+// a string in the current QR_Eojul and call RunWithEojul, or call
+// RunWithString and read the sentence. One thread at a time per analyzer;
+// results stay valid until the next run. Strings are CP949, NUL-terminated.
+#ifndef QRLSL_QR_ANALYZER_H_
+#define QRLSL_QR_ANALYZER_H_
+
+#include "qrlsl/qr_eojul.h"
+#include "qrlsl/qr_knowledge.h"
+
+namespace Quorel {
+
+class QR_Analyzer {
+ public:
+  QR_Analyzer() {}
+  virtual ~QR_Analyzer() {}
+
+  // Binds a knowledge object; ownership does not change.
+  virtual void SetKnowledge(QR_Knowledge* knowledge) = 0;
+  // Makes `eojul` current (not owned) and re-initialises: options and the
+  // index mask must be set again afterwards.
+  virtual int SetEojul(QR_Eojul* eojul) = 0;
+  // Numbered options 0 to 19; others are ignored.
+  virtual void SetOption(int option, int value) = 0;
+  // Output-mode bits: 1 keep the sentence, 2 print, 4 tagging mode.
+  // Returns the stored low byte.
+  virtual unsigned char SetExOption(int flags) = 0;
+  // Analyses the string already set in the current eojul. 0 if there is none.
+  virtual int RunWithEojul() = 0;
+  // Scans and analyses a whole text; the result is the sentence.
+  virtual int RunWithString(const char* text) = 0;
+  virtual int RunWithString(const char* text, const char* outputPath) = 0;
+  // Analyses the current input stream (the console by default) line by line.
+  virtual int RunFile() = 0;
+  virtual int RunFile(const char* inputPath) = 0;
+  virtual int RunFile(const char* inputPath, const char* outputPath) = 0;
+  // Element `index` of the sentence, null past the end. Not to be deleted.
+  virtual QR_Eojul* GetEojulInSentence(unsigned int index) = 0;
+  virtual int GetEojulCountInSentence() = 0;
+  // Ignore pre-analysis entries and print in the compact form.
+  virtual void SetRawOutput() = 0;
+  // Offset of sentence element `index`. REQUIRES: index below the count.
+  virtual int GetEojulOffsetInSentence(unsigned int index) = 0;
+  // Runs the tagger over the sentence, mode 0 (rules) or 1 (statistics).
+  virtual void Tagging(int mode) = 0;
+};
+
+// An analyzer that loads and owns its own knowledge from `knowledgePath`.
+QR_Analyzer* CreateAnalyzer(const char* knowledgePath);
+// An analyzer on shared knowledge, owning its own eojul.
+QR_Analyzer* CreateAnalyzer(QR_Knowledge* knowledge);
+// An analyzer that owns neither. With a null eojul, SetEojul must come first.
+QR_Analyzer* CreateAnalyzer(QR_Knowledge* knowledge, QR_Eojul* eojul);
+
+}  // namespace Quorel
+
+#endif  // QRLSL_QR_ANALYZER_H_

@@ -1,0 +1,130 @@
+// The byte-string classes of the system. All bytes are CP949 and every
+// length and position is in bytes.
+//
+//   spr::stdstyle::string<char>  growable NUL-terminated string, 16 bytes
+//                                inline before it allocates
+//   StringEx                     comparison and search helpers
+//   Text                         splitting into fields
+//
+// Substr returns an empty result rather than a shortened one when the range
+// runs past the end; callers test for that.
+#ifndef QRLSL_TEXT_STRINGS_H_
+#define QRLSL_TEXT_STRINGS_H_
+
+#include <cstdint>
+
+namespace Quorel {
+namespace spr {
+namespace stdstyle {
+
+template <class T>
+class string {
+ public:
+  string();
+  string(const T* text);          // null is the empty string
+  string(const T* text, int32_t count);
+  string(const string& other);
+  string& operator=(const string& other);
+  string& operator=(const T* text);
+  virtual ~string();
+
+  // Makes room for n characters plus the terminator.
+  void Reserve(int32_t n);
+  void Assign(const T* text, int32_t count);
+  void Append(const string& other);
+  void Append(const T* text);
+  void Append(const T* text, int32_t count);
+  void Append(T c);
+
+  int32_t Length() const { return length; }
+  bool IsEmpty() const { return length == 0; }
+  const T* CStr(int32_t position = 0) const { return Data() + position; }
+  T* Data() { return capacity > kInline ? heap : inlineBuffer; }
+  const T* Data() const { return capacity > kInline ? heap : inlineBuffer; }
+  // The character at `position`; NUL when outside 0..Length()-1.
+  T At(int32_t position) const;
+  // Cuts the text to its first n characters (n within 0..Length()).
+  void Truncate(int32_t n);
+
+  // <0, 0, >0 as strcmp; the second form folds ASCII letters.
+  int Compare(const T* text) const;
+  int CompareNoCase(const T* text) const;
+  bool operator==(const T* text) const { return Compare(text) == 0; }
+
+  // result = count characters from position (-1: to the end). Empty when
+  // position is negative or past the length, or when the range runs past it.
+  void Substr(string& result, int32_t position, int32_t count = -1) const;
+  // Replaces count characters at position with text; nothing unless both
+  // position and position + count lie within the length.
+  void Replace(int32_t position, int32_t count, const T* text);
+  // Offset of the first c at or after `from`; -1 if absent or c is NUL.
+  int32_t Find(T c, int32_t from = 0) const;
+  // Offset of the first c; -1 if absent, and for c = NUL.
+  int32_t FindFirstChar(T c) const;
+  // Offset of the first occurrence of text (plain byte search); -1 if absent.
+  int32_t FindString(const T* text) const;
+  void Clear();
+
+ protected:
+  static constexpr int32_t kInline = 16;
+  union {
+    T inlineBuffer[kInline];
+    T* heap;
+  };
+  int32_t length;
+  int32_t capacity;  // characters the storage holds, the NUL included
+};
+
+extern template class string<char>;
+
+}  // namespace stdstyle
+}  // namespace spr
+
+class StringEx : public spr::stdstyle::string<char> {
+ public:
+  using spr::stdstyle::string<char>::string;
+  StringEx() = default;
+  StringEx(const StringEx&) = default;
+  StringEx& operator=(const StringEx&) = default;
+  StringEx& operator=(const char* text) {
+    spr::stdstyle::string<char>::operator=(text);
+    return *this;
+  }
+  ~StringEx() override = default;
+
+  bool StartsWith(const char* prefix) const;
+  bool EndsWith(const char* suffix) const;
+  // Removes trailing blanks, tabs, CR and LF.
+  void TrimRight();
+};
+
+class Text : public StringEx {
+ public:
+  Text();
+  Text(const char* text);
+  Text(const Text& other);  // deep-copies the fields
+  Text& operator=(const Text& other);
+  Text& operator=(const char* text);
+  ~Text() override;
+
+  // Cuts the text at each delimiter: delimiters + 1 fields, a trailing
+  // delimiter giving an empty last field. Returns the field count.
+  int32_t Split(char delimiter);
+  int32_t Split(const char* delimiter);
+  int32_t FieldCount() const { return fieldCount; }
+  // Field i; an empty string when i is out of range or not split.
+  const StringEx& Field(int32_t i) const;
+
+ private:
+  void FreeFields();
+
+  StringEx* fields = nullptr;
+  int32_t* fieldStarts = nullptr;  // offset of each field in the text
+  int32_t fieldCount = 0;
+  int32_t splitState = 0;  // 0 not split, 1 split, -1 allocation failed
+  int32_t userValue = 0;   // carried along by copies
+};
+
+}  // namespace Quorel
+
+#endif  // QRLSL_TEXT_STRINGS_H_
