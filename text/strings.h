@@ -63,9 +63,17 @@ class string {
   int32_t FindFirstChar(T c) const;
   // Offset of the first occurrence of text (plain byte search); -1 if absent.
   int32_t FindString(const T* text) const;
+  // The same, starting at offset `from`.
+  int32_t FindString(const T* text, int32_t from) const;
   void Clear();
 
  protected:
+  // Makes the storage hold at least `needed` characters (NUL included),
+  // keeping the text. False when the allocation failed.
+  bool Grow(int32_t needed);
+  // True when `text` points into this string's own storage.
+  bool Owns(const T* text) const;
+
   static constexpr int32_t kInline = 16;
   union {
     T inlineBuffer[kInline];
@@ -117,6 +125,12 @@ class Text : public StringEx {
 
  private:
   void FreeFields();
+  // Replaces the fields with a deep copy of other's (and its split state).
+  void CopyFields(const Text& other);
+  // Allocates both field arrays; on failure frees them, splitState -1.
+  bool AllocateFields(int32_t count);
+  // The common cut of both Split forms.
+  int32_t SplitAt(const char* delimiter, int32_t delimiterLength);
 
   StringEx* fields = nullptr;
   int32_t* fieldStarts = nullptr;  // offset of each field in the text
