@@ -77,6 +77,50 @@ class QR_DaTrie {
   int32_t tailSize = 0;
   int32_t tailIncrement = 0;
   int32_t tailPos = 0;      // first unwritten tail position
+  // Both arrays come from the C allocator (Create, GrowCells, GrowTail) and
+  // are released by Clear; a reader fills them after Create, never swaps them.
+
+ private:
+  // Longest key kept; longer keys are cut to this many bytes.
+  static constexpr int kMaxKey = 128;
+
+  // Position of the tail's ";" when the rest at leaf s equals key up to its
+  // ";", else 0.
+  int32_t CompareTail(int32_t s, const unsigned char* key) const;
+  // Adds the transition for *key below s, moving s or the owner of the
+  // wanted cell out of the way, then stores the key's rest.
+  void ResolveConflict(int32_t s, const unsigned char* key, TrieNode& node);
+  // Codes 1..255 of the children of state, ascending, ending with 0.
+  int ListChildren(int32_t state, unsigned char* list) const;
+  // Moves the children of target (plus newByte's code when not 0) to a new
+  // base; returns where current lives afterwards.
+  int32_t Relocate(int32_t current, int32_t target, unsigned char newByte,
+                   unsigned char* list, int n);
+  // First-fit base for the codes of list (ascending, ending with 0).
+  int32_t FindBase(const unsigned char* list) const;
+  void SetBase(int32_t i, int32_t value);
+  // Writes check of cell i, unlinking it from the free list first; value 0
+  // puts the cell back on the list in index order.
+  void SetCheck(int32_t i, int32_t value);
+  // bcPos moves up to n; the cells in between join the free list.
+  void ExtendUsed(int32_t n);
+  // Makes the leaf below s for *key and stores the rest of key at tail
+  // position pos (pos below tailPos rewrites a record in place).
+  void InsertTail(int32_t s, const unsigned char* key, int32_t pos);
+  // Leaf s holds a rest that differs from key: branches where they part.
+  void SplitTail(int32_t s, const unsigned char* key, TrieNode& node);
+  // Grows cells until index i fits (once for any step of 256 or more).
+  void GrowCellsFor(int32_t i);
+  void GrowCells();
+  void GrowTail();
+  // Reports a failed allocation, frees everything and ends the process.
+  [[noreturn]] void AllocFailed();
+
+  // Scratch buffers of Insert: the key with its ";", child code lists.
+  unsigned char pKeyBuff[kMaxKey + 2] = {};
+  unsigned char listIndex[256] = {};
+  unsigned char listUsedIndex[256] = {};
+  unsigned char pList[3] = {};
 };
 
 }  // namespace Quorel
