@@ -229,122 +229,82 @@ TEST(SyllableFlags, ClassRulesHoldForEveryInitial) {
   }
 }
 
-class SyllableNamedLinks : public SyllableLinks {
- protected:
-  // from's link k leads to `to`.
-  void ExpectLink(const char* from, int k, const char* to) {
-    const SyllableRec* rec = Syl(from);
-    ASSERT_NE(rec, nullptr) << from;
-    EXPECT_EQ(Link(rec, k), Syl(to)) << from << " link " << k << " -> " << to;
-  }
-  void ExpectNoLink(const char* from, int k) {
-    const SyllableRec* rec = Syl(from);
-    ASSERT_NE(rec, nullptr) << from;
-    EXPECT_EQ(rec->links[k], kNoLink) << from << " link " << k;
-  }
+// One named link: from's link k leads to `to`; a null `to` means no link k.
+struct NamedLink {
+  const char* from;
+  int k;
+  const char* to;
 };
 
+void ExpectLinks(const std::vector<NamedLink>& cases) {
+  for (const NamedLink& c : cases) {
+    const SyllableRec* rec = Syl(c.from);
+    ASSERT_NE(rec, nullptr) << c.from;
+    if (c.to == nullptr) {
+      EXPECT_EQ(rec->links[c.k], kNoLink) << c.from << " link " << c.k;
+    } else {
+      EXPECT_EQ(Link(rec, c.k), Syl(c.to))
+          << c.from << " link " << c.k << " -> " << c.to;
+    }
+  }
+}
+
+using SyllableNamedLinks = SyllableLinks;
+
 TEST_F(SyllableNamedLinks, LinksTheAnalyzersFollow) {
-  ExpectLink("가", 1, "갓");
-  ExpectLink("갔", 14, "가");
-  ExpectLink("해", 21, "하");
-  ExpectLink("퍼", 13, "푸");
-  ExpectLink("놔", 8, "놓");
-  ExpectLink("라", 4, "르");
-  ExpectLink("단", 9, "닿");
-  ExpectLink("갛", kHieutPairLink, "겋");
-  ExpectLink("걸", 2, "걷");
-  ExpectLink("가", 3, "갑");
-  ExpectLink("가", 12, "갈");
-  ExpectLink("줘", 16, "주");
-  ExpectLink("돼", 17, "되");
-  ExpectLink("져", 18, "지");
-  ExpectLink("되", 19, "도");
-  ExpectLink("희", 20, "흐");
+  ExpectLinks({{"가", 1, "갓"}, {"갔", 14, "가"}, {"해", 21, "하"},
+               {"퍼", 13, "푸"}, {"놔", 8, "놓"}, {"라", 4, "르"},
+               {"단", 9, "닿"}, {"갛", kHieutPairLink, "겋"}, {"걸", 2, "걷"},
+               {"가", 3, "갑"}, {"가", 12, "갈"}, {"줘", 16, "주"},
+               {"돼", 17, "되"}, {"져", 18, "지"}, {"되", 19, "도"},
+               {"희", 20, "흐"}});
 }
 
 TEST_F(SyllableNamedLinks, ExtrasOfTheSiotLink) {
-  ExpectLink("얘", 1, "옇");
-  ExpectLink("럐", 1, "렿");
-  ExpectLink("먜", 1, "몋");
-  ExpectLink("게", 1, "갛");
-  ExpectLink("레", 1, "랗");
-  ExpectLink("메", 1, "맣");
-  ExpectLink("예", 1, "얗");
-  ExpectNoLink("걔", 1);
-  ExpectNoLink("네", 1);
+  ExpectLinks({{"얘", 1, "옇"}, {"럐", 1, "렿"}, {"먜", 1, "몋"},
+               {"게", 1, "갛"}, {"레", 1, "랗"}, {"메", 1, "맣"},
+               {"예", 1, "얗"}, {"걔", 1, nullptr}, {"네", 1, nullptr}});
 }
 
 TEST_F(SyllableNamedLinks, BieupLinkSkipsJiAndTakesReonReol) {
-  ExpectNoLink("지", 3);
-  ExpectLink("치", 3, "칩");
-  ExpectLink("자", 3, "잡");
-  ExpectLink("런", 3, "럽");
-  ExpectLink("럴", 3, "럽");
-  ExpectNoLink("건", 3);
+  ExpectLinks({{"지", 3, nullptr}, {"치", 3, "칩"}, {"자", 3, "잡"},
+               {"런", 3, "럽"}, {"럴", 3, "럽"}, {"건", 3, nullptr}});
 }
 
 TEST_F(SyllableNamedLinks, ReuAndBieupIrregulars) {
-  for (const char* s : {"라", "랐", "러", "렀"}) ExpectLink(s, 4, "르");
-  ExpectLink("래", 4, "랩");
-  ExpectLink("려", 4, "렵");
-  ExpectLink("로", 4, "롭");
-  ExpectLink("뢰", 4, "룁");
-  ExpectLink("루", 4, "룹");
-  ExpectLink("뤼", 4, "륍");
-  ExpectLink("르", 4, "릅");
-  ExpectLink("리", 4, "립");
-  ExpectNoLink("럽", 4);
+  ExpectLinks({{"라", 4, "르"}, {"랐", 4, "르"}, {"러", 4, "르"},
+               {"렀", 4, "르"}, {"래", 4, "랩"}, {"려", 4, "렵"},
+               {"로", 4, "롭"}, {"뢰", 4, "룁"}, {"루", 4, "룹"},
+               {"뤼", 4, "륍"}, {"르", 4, "릅"}, {"리", 4, "립"},
+               {"럽", 4, nullptr}});
 }
 
 TEST_F(SyllableNamedLinks, SingleSyllableLinks) {
-  ExpectLink("여", 5, "아");
-  ExpectLink("였", 5, "았");
-  ExpectLink("러", 6, "어");
-  ExpectLink("렀", 6, "었");
-  ExpectLink("거", 7, "아");
-  ExpectLink("너", 7, "아");
-  ExpectLink("놨", 8, "놓");
-  ExpectLink("펐", 13, "푸");
-  ExpectLink("했", 21, "하");
-  ExpectLink("치", 22, "하");
-  ExpectLink("케", 23, "하");
-  ExpectNoLink("하", 21);
-  ExpectNoLink("더", 7);
+  ExpectLinks({{"여", 5, "아"}, {"였", 5, "았"}, {"러", 6, "어"},
+               {"렀", 6, "었"}, {"거", 7, "아"}, {"너", 7, "아"},
+               {"놨", 8, "놓"}, {"펐", 13, "푸"}, {"했", 21, "하"},
+               {"치", 22, "하"}, {"케", 23, "하"}, {"하", 21, nullptr},
+               {"더", 7, nullptr}});
 }
 
 TEST_F(SyllableNamedLinks, HieutStemLinks) {
-  ExpectLink("개", 8, "갛");
-  ExpectLink("갰", 8, "갛");
-  ExpectLink("걔", 8, "걓");
-  ExpectLink("메", 8, "멓");
-  ExpectLink("예", 8, "옇");
-  ExpectLink("간", 9, "갛");
-  ExpectLink("얼", 9, "엏");
-  ExpectLink("랍", 9, "랗");
-  ExpectNoLink("난", 9);
-  ExpectLink("걓", kHieutPairLink, "곃");
-  ExpectLink("곃", kHieutPairLink, "걓");
-  ExpectLink("겋", kHieutPairLink, "갛");
-  ExpectNoLink("낳", kHieutPairLink);
+  ExpectLinks({{"개", 8, "갛"}, {"갰", 8, "갛"}, {"걔", 8, "걓"},
+               {"메", 8, "멓"}, {"예", 8, "옇"}, {"간", 9, "갛"},
+               {"얼", 9, "엏"}, {"랍", 9, "랗"}, {"난", 9, nullptr},
+               {"걓", kHieutPairLink, "곃"}, {"곃", kHieutPairLink, "걓"},
+               {"겋", kHieutPairLink, "갛"}, {"낳", kHieutPairLink, nullptr}});
 }
 
-TEST_F(SyllableNamedLinks, DropOfSsangSiotLinksOpenSyllablesToThemselves) {
-  ExpectLink("가", 14, "가");
-  ExpectLink("였", 14, "여");
-  ExpectLink("해", 15, "해");
-  ExpectLink("셌", 15, "세");
-  ExpectLink("했", 10, "허");
-  ExpectLink("갔", 11, "그");
-  ExpectLink("썼", 11, "쓰");
+TEST_F(SyllableNamedLinks, VowelAndFinalDropLinks) {
+  // Bits 14 and 15 link an open syllable to itself.
+  ExpectLinks({{"가", 14, "가"}, {"였", 14, "여"}, {"해", 15, "해"},
+               {"셌", 15, "세"}, {"했", 10, "허"}, {"갔", 11, "그"},
+               {"썼", 11, "쓰"}});
 }
 
 TEST_F(SyllableNamedLinks, RieulLinkKeepsOrAddsTheFinal) {
-  ExpectLink("갈", 12, "갈");
-  ExpectLink("삶", 12, "살");
-  ExpectLink("놘", 12, "놜");
-  ExpectNoLink("갓", 12);
-  ExpectNoLink("개", 12);
+  ExpectLinks({{"갈", 12, "갈"}, {"삶", 12, "살"}, {"놘", 12, "놜"},
+               {"갓", 12, nullptr}, {"개", 12, nullptr}});
 }
 
 }  // namespace
