@@ -1,6 +1,8 @@
 // Exact cell and tail contents for small key sets, and the value protocol.
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+
 #include <cstring>
 #include <string>
 
@@ -115,6 +117,28 @@ TEST_F(TrieTest, KeyAddedBeforeItsPrefixOrAfterIt) {
   EXPECT_TRUE(FreeListIsSound(trie));
 }
 
+TEST_F(TrieTest, FreeListEmptyWhenNoGapOpens) {
+  TrieNode node;
+  trie.Insert("#x", node);  // "#" has code 1: cell 2, right after the root
+  EXPECT_EQ(2, trie.bcPos);
+  EXPECT_EQ(3, trie.bcEmptyStart);
+  EXPECT_EQ(3, trie.bcEmptyEnd);
+  EXPECT_EQ(0, trie.bc[3].check);
+  EXPECT_TRUE(FreeListIsSound(trie));
+
+  // Splitting "x" from "y" puts cell 2's children at base 1: the gap
+  // 3..0x19 joins the list, which then links past the new bcPos.
+  trie.Insert("#y", node);
+  EXPECT_EQ(1, trie.bc[2].base);
+  EXPECT_EQ(2, trie.bc[1 + 0x19].check);
+  EXPECT_EQ(2, trie.bc[1 + 0x1A].check);
+  EXPECT_EQ(0x1B, trie.bcPos);
+  EXPECT_EQ(3, trie.bcEmptyStart);
+  EXPECT_EQ(0x19, trie.bcEmptyEnd);
+  EXPECT_EQ(-0x1C, trie.bc[0x19].check);
+  EXPECT_TRUE(FreeListIsSound(trie));
+}
+
 TEST_F(TrieTest, CommonRestBecomesChainOfCells) {
   TrieNode node;
   trie.Insert("abcdx", node);
@@ -199,6 +223,23 @@ TEST_F(TrieTest, ValueBytesOrder) {
   QR_DaTrie::SetValue(node, 0x01020304);
   EXPECT_EQ(std::string("\x01\x02\x03\x04", 4),
             std::string(reinterpret_cast<char*>(node.value), 4));
+}
+
+// Grows the tail past what the address space allows.
+void GrowTailBeyondMemory() {
+  // Room for 1 GiB of address space; the tail asks for 1.5 GiB.
+  rlimit limit;
+  limit.rlim_cur = limit.rlim_max = rlim_t{1} << 30;
+  setrlimit(RLIMIT_AS, &limit);
+  QR_DaTrie trie;
+  trie.Create(64, 8, 64, 1500000000);
+  TrieNode node;
+  trie.Insert("a key with a long rest", node);
+}
+
+TEST(TrieLifecycleDeathTest, FailedGrowthEndsTheProcess) {
+  EXPECT_EXIT(GrowTailBeyondMemory(), ::testing::ExitedWithCode(1),
+              "^memory alloc failed\n$");
 }
 
 TEST(TrieLifecycle, NotCreatedOrClearedAnswersNothing) {
