@@ -8,7 +8,10 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <vector>
+
+#include "lexical/synonym.h"
 
 namespace lexical_test {
 
@@ -29,6 +32,22 @@ std::string K(const std::string& utf8) {
   }
   iconv_close(cd);
   return std::string(out.data(), out.size() - outLeft);
+}
+
+std::string Render(Quorel::QR_SynonymContainer& container,
+                   const std::string& word) {
+  Quorel::Synonym result;
+  const int found = container.Search(word.c_str(), &result);
+  std::ostringstream out;
+  out << found << ":" << result.GetCount();
+  for (int i = 0; i < result.GetCount(); ++i) {
+    out << "|" << result.GetGroupHead(i) << "/" << result.GetGroupSize(i);
+    for (int p = 0; p < result.GetGroupSize(i); ++p) {
+      out << " " << result.GetWord(i, p) << result.HasLessMark(i, p)
+          << result.HasGreaterMark(i, p);
+    }
+  }
+  return out.str();
 }
 
 ScratchDir::ScratchDir() {

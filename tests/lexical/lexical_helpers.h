@@ -5,11 +5,18 @@
 
 #include <string>
 
+#include "qrlsl/qr_synonym.h"
+
 namespace lexical_test {
 
 // The CP949 bytes of a UTF-8 text, converted by iconv; fails the test on a
 // conversion error.
 std::string K(const std::string& utf8);
+
+// One search answer in one line: "found:count", then per group
+// "|head/size" and each word with its "<" and ">" flags: "1:1|a/2 a00 b10".
+std::string Render(Quorel::QR_SynonymContainer& container,
+                   const std::string& word);
 
 // A fresh directory under the system's temporary directory, removed with
 // everything in it when the object goes.

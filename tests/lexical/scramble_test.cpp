@@ -6,30 +6,14 @@
 #include <string>
 
 #include "lexical/lexical_helpers.h"
-#include "lexical/synonym.h"
 #include "lexical/synonyms.h"
 
 namespace Quorel {
 namespace {
 
 using lexical_test::K;
+using lexical_test::Render;
 using lexical_test::ScratchDir;
-
-// Every field of the answer for `word`, for comparing two containers.
-std::string Answer(SynonymContainer& container, const std::string& word) {
-  Synonym result;
-  std::string out = std::to_string(container.Search(word.c_str(), &result));
-  for (int i = 0; i < result.GetCount(); ++i) {
-    out += "|" + std::string(result.GetGroupHead(i)) + "/" +
-           std::to_string(result.GetGroupSize(i));
-    for (int p = 0; p < result.GetGroupSize(i); ++p) {
-      out += " " + std::string(result.GetWord(i, p)) +
-             std::to_string(result.HasLessMark(i, p)) +
-             std::to_string(result.HasGreaterMark(i, p));
-    }
-  }
-  return out;
-}
 
 TEST(ScrambleRecordTest, LayoutOfOneRecord) {
   std::string record;
@@ -100,10 +84,10 @@ TEST(ScrambleFileTest, ScrambledFileAnswersLikeTheText) {
   for (const char* word : {"사과", "애플", "능금", "사과나무", "배", "배나무",
                            "과일", "열매", "New_York", "뉴욕", "홀로", "주석",
                            "<능금", "New York", "없다"}) {
-    EXPECT_EQ(Answer(text, K(word)), Answer(scrambled, K(word))) << word;
+    EXPECT_EQ(Render(text, K(word)), Render(scrambled, K(word))) << word;
   }
-  EXPECT_EQ(K("1|배/3 배00 배나무00 과일00|과일/3 과일00 열매00 과일00"),
-            Answer(scrambled, K("과일")));
+  EXPECT_EQ(K("1:2|배/3 배00 배나무00 과일00|과일/3 과일00 열매00 과일00"),
+            Render(scrambled, K("과일")));
 }
 
 TEST(ScrambleFileTest, OnlyDataLinesAreWritten) {
@@ -121,7 +105,7 @@ TEST(ScrambleFileTest, ZeroNumberRecordIsPassedOver) {
   ASSERT_EQ(0, synonyms.ScrambleFile(dir.File("s.txt").c_str()));
   dir.Write("z.bin", "30303030300A" + dir.Read("s.bin"));
   ASSERT_EQ(1, synonyms.Load(dir.Path().c_str(), "z.bin", true));
-  EXPECT_EQ("1|a/2 a00 b00", Answer(synonyms, "b"));
+  EXPECT_EQ("1:1|a/2 a00 b00", Render(synonyms, "b"));
 }
 
 TEST(ScrambleFileTest, CutOffFileKeepsItsWholeRecords) {
@@ -133,8 +117,8 @@ TEST(ScrambleFileTest, CutOffFileKeepsItsWholeRecords) {
   bytes.resize(bytes.size() - 2);
   dir.Write("s.bin", bytes);
   ASSERT_EQ(1, synonyms.Load(dir.Path().c_str(), "s.bin", true));
-  EXPECT_EQ("1|a/2 a00 b00", Answer(synonyms, "a"));
-  EXPECT_EQ("0", Answer(synonyms, "c"));
+  EXPECT_EQ("1:1|a/2 a00 b00", Render(synonyms, "a"));
+  EXPECT_EQ("0:0", Render(synonyms, "c"));
 }
 
 TEST(ScrambleFileTest, TargetNameTakesTheStemAtTheLastDot) {

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <sstream>
 #include <string>
 
 #include "lexical/lexical_helpers.h"
@@ -13,24 +12,8 @@ namespace Quorel {
 namespace {
 
 using lexical_test::K;
+using lexical_test::Render;
 using lexical_test::ScratchDir;
-
-// One answer in one line: "found:count", then per group "|head/size" and
-// each word with its "<" and ">" flags, e.g. "1:1|a/2 a00 b10".
-std::string Render(QR_SynonymContainer& container, const std::string& word) {
-  Synonym result;
-  const int found = container.Search(word.c_str(), &result);
-  std::ostringstream out;
-  out << found << ":" << result.GetCount();
-  for (int i = 0; i < result.GetCount(); ++i) {
-    out << "|" << result.GetGroupHead(i) << "/" << result.GetGroupSize(i);
-    for (int p = 0; p < result.GetGroupSize(i); ++p) {
-      out << " " << result.GetWord(i, p) << result.HasLessMark(i, p)
-          << result.HasGreaterMark(i, p);
-    }
-  }
-  return out.str();
-}
 
 const char kGroups[] =
     "; 주석\n"
@@ -60,15 +43,13 @@ class SynonymsTest : public ::testing::Test {
 
 TEST_F(SynonymsTest, GroupsWithMarks) {
   ASSERT_EQ(1, LoadText(kGroups));
-  const std::string apple = "|사과/4 사과00 애플00 능금10 사과나무01";
-  EXPECT_EQ(K("1:1" + apple), R("사과"));
-  EXPECT_EQ(K("1:1" + apple), R("애플"));
-  EXPECT_EQ(K("1:1" + apple), R("능금"));
-  EXPECT_EQ(K("1:1" + apple), R("사과나무"));
+  for (const char* word : {"사과", "애플", "능금", "사과나무"}) {
+    EXPECT_EQ(K("1:1|사과/4 사과00 애플00 능금10 사과나무01"), R(word)) << word;
+  }
   // Marks are taken off before the word is stored; "|" leaves no flag.
-  EXPECT_EQ(K("0:0"), R("<능금"));
-  EXPECT_EQ(K("0:0"), R(">사과나무"));
-  EXPECT_EQ(K("0:0"), R("|배나무"));
+  for (const char* word : {"<능금", ">사과나무", "|배나무"}) {
+    EXPECT_EQ("0:0", R(word)) << word;
+  }
   EXPECT_EQ(K("1:1|배/3 배00 배나무00 과일00"), R("배나무"));
 }
 
@@ -120,13 +101,12 @@ TEST_F(SynonymsTest, CustomDelimiterSetsAreNormalised) {
   synonyms.SetSynonymDelimiter(",;");
   synonyms.SetWordDelimiter("-_");
   ASSERT_EQ(1, LoadText("가,,나;다 , 라-마__바\n큰 집,작은 집\n"));
-  const std::string group = "|가/4 가00 나00 다00 라 마 바00";
-  EXPECT_EQ(K("1:1" + group), R("가"));
-  EXPECT_EQ(K("1:1" + group), R("다"));
   // Runs of word delimiters become the first of the set.
-  EXPECT_EQ(K("1:1" + group), R("라-마-바"));
-  EXPECT_EQ(K("0:0"), R("라-마__바"));
-  EXPECT_EQ(K("0:0"), R("라_마_바"));
+  for (const char* word : {"가", "다", "라-마-바"}) {
+    EXPECT_EQ(K("1:1|가/4 가00 나00 다00 라 마 바00"), R(word)) << word;
+  }
+  EXPECT_EQ("0:0", R("라-마__바"));
+  EXPECT_EQ("0:0", R("라_마_바"));
   // A blank is no longer a delimiter, so it stays inside a word.
   EXPECT_EQ(K("1:1|큰 집/2 큰 집00 작은 집00"), R("작은 집"));
 }
