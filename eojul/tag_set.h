@@ -26,9 +26,9 @@ constexpr int kPosHashSlots = 50;
 extern const PosEntry PosTable[kPosTableSize];
 // Reverse tables, mask to name, keyed by (mask >> 16) % 50 for masks without
 // low bits, by (mask & 0xFFFF) % 50 otherwise. Empty slots: "-1", 0.
-extern const PosEntry PosHighTable[kPosHashSlots];
-extern const PosEntry PosLowTable[kPosHashSlots];
-extern const PosEntry PosLow2Table[kPosHashSlots];
+extern const PosEntry (&PosHighTable)[kPosHashSlots];
+extern const PosEntry (&PosLowTable)[kPosHashSlots];
+extern const PosEntry (&PosLow2Table)[kPosHashSlots];
 
 // Masks of the tags the analyzers test most.
 namespace Pos {

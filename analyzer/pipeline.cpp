@@ -1,0 +1,127 @@
+// The run operations of MAnalyzer: one eojul (RunWithEojul, directly or
+// through the two-stage work eojul), and the flush of each token that the
+// scanner closes in RunWithString and RunFile. The two orders of the post
+// steps differ on purpose and are kept apart.
+#include "analyzer/m_analyzer.h"
+#include "eojul/tag_set.h"
+
+namespace Quorel {
+
+void MAnalyzer::AnalyzeAndSelect(Eojul& e) {
+  AnalyzeEojul(e);
+  if (options[0] > 0) e.SelectTop(static_cast<unsigned char>(options[0]));
+  extraTop = 0;
+}
+
+void MAnalyzer::KeepToUserNoun(Eojul& e) {
+  int visible = e.GetListSize();
+  for (int c = 0; c < visible; ++c) {
+    int count = e.GetCount(c);
+    for (int m = 0; m < count; ++m) {
+      uint32_t pos = e.GetPOS(c, m);
+      if ((pos & Pos::N_) != 0 && (pos & (0x8u | 0x2000u)) != 0) {
+        e.SelectTop(static_cast<unsigned char>(c + 1));
+        return;
+      }
+    }
+  }
+}
+
+int MAnalyzer::RunWithEojul() {
+  if (eojul == nullptr) return 0;
+  Eojul& e = *CurrentEojul();
+  if (options[14] != 1 && options[15] != 1) {
+    AnalyzeAndSelect(e);
+    if (extraTop > 0) {
+      e.SelectTop(static_cast<unsigned char>((options[0] + extraTop) & 255));
+    }
+    if ((options[0] > 0 || extraTop >= 1) && options[19] > 0) {
+      KeepToUserNoun(e);
+    }
+    return 1;
+  }
+  // Two stages: analyse a copy, then hand the result back by CopyFrom.
+  workEojul.Initialize(true);
+  workEojul.SetText(e.GetString(), e.GetType());
+  AnalyzeAndSelect(workEojul);
+  if (extraTop > 0) {
+    workEojul.SelectTop(
+        static_cast<unsigned char>((options[0] + extraTop) & 255));
+  }
+  if ((options[0] > 0 || extraTop >= 1) && options[19] > 0) {
+    KeepToUserNoun(workEojul);
+  }
+  e.CopyFrom(workEojul);
+  return 1;
+}
+
+std::ostream& MAnalyzer::Output() { return streams.Out(); }
+
+void MAnalyzer::FlushToken(const char* token, unsigned type, int tokenStart) {
+  Eojul& e = *CurrentEojul();
+  e.SetText(token, type);
+  AnalyzeEojul(e);
+  e.SetOffset(tokenStart);
+  if (options[0] > 0) e.SelectTop(static_cast<unsigned char>(options[0]));
+  extraTop = 0;
+  if (extraTop > 0) {
+    e.SelectTop(static_cast<unsigned char>((options[0] + extraTop) & 255));
+  }
+  if ((exOption & ExOption::kPrint) != 0 &&
+      (exOption & ExOption::kTaggingMode) == 0) {
+    e.Print(Output(), rawOutput);
+  }
+  if ((exOption & ExOption::kKeepSentence) != 0) sentence.push_back(e);
+  e.Initialize(true);
+}
+
+int MAnalyzer::RunWithString(const char* text) {
+  if (text == nullptr || text[0] == 0) return 1;
+  if (eojul == nullptr) return 0;
+  line = text;
+  sentence.clear();
+  ScanText(line.CStr(), line.Length());
+  return 1;
+}
+
+int MAnalyzer::RunWithString(const char* text, const char* outputPath) {
+  streams.OpenOutput(outputPath);
+  return RunWithString(text);
+}
+
+void MAnalyzer::RunLine() {
+  sentence.clear();
+  ScanText(line.CStr(), line.Length());
+  if ((exOption & ExOption::kKeepSentence) != 0 &&
+      (exOption & ExOption::kTaggingMode) != 0) {
+    Tagging(0);
+  }
+}
+
+int MAnalyzer::RunFile() {
+  if (eojul == nullptr) return 1;
+  while (!streams.AtEnd()) {
+    if (streams.ReadLine(line, kLineLimit - 1) == 0) break;
+    if (!line.IsEmpty()) RunLine();
+  }
+  streams.Close();
+  return 1;
+}
+
+int MAnalyzer::RunFile(const char* inputPath) {
+  streams.OpenInput(inputPath);
+  return RunFile();
+}
+
+int MAnalyzer::RunFile(const char* inputPath, const char* outputPath) {
+  streams.OpenInput(inputPath);
+  streams.OpenOutput(outputPath);
+  return RunFile();
+}
+
+void MAnalyzer::Tagging(int /*mode*/) {
+  // The tagger is not part of the library yet: the sentence is left as the
+  // analysis gave it.
+}
+
+}  // namespace Quorel

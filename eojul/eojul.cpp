@@ -1,0 +1,489 @@
+// Storage, filling and reading of Eojul.
+//
+// Only text and morphemes trigger Grow in the original layout; candidates,
+// scores and offsets are kept in bounds here by doubling on the same terms
+// when they fill, which changes no stored layout and no reader's answer.
+#include "eojul/eojul.h"
+
+#include <cstring>
+
+#include "eojul/tag_set.h"
+
+namespace Quorel {
+
+namespace {
+
+uint32_t MorphemeSlots(uint32_t capacity) { return capacity / 8; }
+uint32_t CandidateSlots(uint32_t capacity) { return capacity / 12; }
+
+template <class T>
+void CopyPrefix(T* to, const T* from, uint32_t count) {
+  if (count > 0) std::memcpy(to, from, count * sizeof(T));
+}
+
+}  // namespace
+
+Eojul::Eojul(unsigned size)
+    : indexMask(0),
+      text(inlineText),
+      morphemes(inlineMorphemes),
+      candidates(inlineCandidates),
+      scores(inlineScores),
+      capacity(kInlineCapacity),
+      startOffsets(inlineStartOffsets),
+      endOffsets(inlineEndOffsets) {
+  std::memset(inlineText, 0, sizeof(inlineText));
+  std::memset(inlineMorphemes, 0, sizeof(inlineMorphemes));
+  std::memset(inlineCandidates, 0, sizeof(inlineCandidates));
+  std::memset(inlineScores, 0, sizeof(inlineScores));
+  std::memset(inlineStartOffsets, 0, sizeof(inlineStartOffsets));
+  std::memset(inlineEndOffsets, 0, sizeof(inlineEndOffsets));
+  if (size > kInlineCapacity) AllocateArrays(size, false);
+  order.reserve(20);
+  Initialize(false);
+}
+
+Eojul::Eojul(const Eojul& other) : Eojul(other.capacity) {
+  CopyFrom(other);
+  indexMask = other.indexMask;
+  minForeignLength = other.minForeignLength;
+  minNumberLength = other.minNumberLength;
+}
+
+Eojul::~Eojul() { FreeArrays(); }
+
+void Eojul::FreeArrays() {
+  if (capacity <= kInlineCapacity) return;
+  delete[] text;
+  delete[] morphemes;
+  delete[] candidates;
+  delete[] scores;
+  delete[] startOffsets;
+  delete[] endOffsets;
+}
+
+// Replaces the six arrays by zeroed ones for `newCapacity`, keeping the old
+// contents when copyOld.
+void Eojul::AllocateArrays(uint32_t newCapacity, bool copyOld) {
+  char* newText = new char[newCapacity]();
+  uint32_t* newMorphemes = new uint32_t[MorphemeSlots(newCapacity)]();
+  uint32_t* newCandidates = new uint32_t[CandidateSlots(newCapacity)]();
+  double* newScores = new double[CandidateSlots(newCapacity)]();
+  int16_t* newStarts = new int16_t[MorphemeSlots(newCapacity)]();
+  int16_t* newEnds = new int16_t[MorphemeSlots(newCapacity)]();
+  if (copyOld) {
+    CopyPrefix(newText, text, capacity);
+    CopyPrefix(newMorphemes, morphemes, MorphemeSlots(capacity));
+    CopyPrefix(newCandidates, candidates, CandidateSlots(capacity));
+    CopyPrefix(newScores, scores, CandidateSlots(capacity));
+    CopyPrefix(newStarts, startOffsets, MorphemeSlots(capacity));
+    CopyPrefix(newEnds, endOffsets, MorphemeSlots(capacity));
+  }
+  FreeArrays();
+  text = newText;
+  morphemes = newMorphemes;
+  candidates = newCandidates;
+  scores = newScores;
+  startOffsets = newStarts;
+  endOffsets = newEnds;
+  capacity = newCapacity;
+}
+
+void Eojul::Grow() { AllocateArrays(capacity * 2, true); }
+
+void Eojul::EnsureTextRoom(uint32_t length) {
+  while (textUsed + length + 1 >= capacity) Grow();
+}
+
+void Eojul::EnsureMorphemeRoom() {
+  while (morphemeUsed + 2 >= MorphemeSlots(capacity)) Grow();
+}
+
+// The open candidate writes its count and first entry at candidatePos and
+// candidatePos + 1 and its score at scorePos.
+void Eojul::EnsureCandidateRoom() {
+  while (candidatePos + 1 >= CandidateSlots(capacity) ||
+         scorePos >= CandidateSlots(capacity)) {
+    Grow();
+  }
+}
+
+void Eojul::Initialize(bool releaseMemory) {
+  textUsed = 0;
+  morphemeUsed = 0;
+  candidatePos = 1;
+  scorePos = 1;
+  offset = -1;
+  offsetCount = 0;
+  if (releaseMemory && capacity > kInlineCapacity) {
+    FreeArrays();
+    capacity = kInlineCapacity;
+    text = inlineText;
+    morphemes = inlineMorphemes;
+    candidates = inlineCandidates;
+    scores = inlineScores;
+    startOffsets = inlineStartOffsets;
+    endOffsets = inlineEndOffsets;
+  }
+  text[0] = 0;
+  morphemes[0] = morphemes[1] = 0;
+  candidates[0] = candidates[1] = candidates[2] = 0;
+  scores[0] = scores[1] = 0.0;
+  startOffsets[0] = endOffsets[0] = 0;
+  sorted = false;
+  order.clear();
+}
+
+void Eojul::CopyFrom(const Eojul& other) {
+  if (this == &other) return;
+  if (capacity < other.capacity) AllocateArrays(other.capacity, false);
+  CopyPrefix(text, other.text, other.textUsed);
+  if (other.textUsed == 0) text[0] = 0;
+  CopyPrefix(morphemes, other.morphemes, other.morphemeUsed);
+  CopyPrefix(candidates, other.candidates, other.candidatePos);
+  CopyPrefix(scores, other.scores, other.scorePos);
+  CopyPrefix(startOffsets, other.startOffsets, other.offsetCount);
+  CopyPrefix(endOffsets, other.endOffsets, other.offsetCount);
+  textUsed = other.textUsed;
+  morphemeUsed = other.morphemeUsed;
+  candidatePos = other.candidatePos;
+  scorePos = other.scorePos;
+  offsetCount = other.offsetCount;
+  offset = other.offset;
+  // Zero-terminate at the used ends; an empty source still reads as empty.
+  if (morphemeUsed < 2) morphemes[0] = morphemes[1] = 0;
+  morphemes[morphemeUsed] = 0;
+  candidates[candidatePos] = 0;
+  candidates[candidatePos + 1] = 0;
+  scores[scorePos] = 0.0;
+}
+
+void Eojul::SetText(const char* surface, unsigned type) {
+  if (surface == nullptr) surface = "";
+  // The surface may live in our own storage, which Initialize can free.
+  std::vector<char> saved;
+  if (surface >= text && surface < text + capacity) {
+    saved.assign(surface, surface + std::strlen(surface) + 1);
+    surface = saved.data();
+  }
+  Initialize(true);
+  uint32_t length = static_cast<uint32_t>(std::strlen(surface));
+  EnsureTextRoom(length);
+  std::memcpy(text, surface, length);
+  text[length] = 0;
+  text[length + 1] = 0;
+  EnsureMorphemeRoom();
+  morphemes[0] = type;
+  morphemes[1] = 0;
+  morphemeUsed = 2;
+  textUsed += length + 2;
+}
+
+void Eojul::BeginCandidate() {
+  EnsureCandidateRoom();
+  candidates[0] += 1;
+  uint32_t first = 0;
+  if (candidatePos != 1) {
+    first = candidates[candidatePos - 1] + candidates[candidatePos - 2];
+  }
+  candidates[candidatePos] = 0;
+  candidates[candidatePos + 1] = first;
+  scores[scorePos] = 0.0;
+}
+
+void Eojul::AddMorpheme(const char* lexicon, unsigned pos) {
+  if (lexicon == nullptr) lexicon = "";
+  if (morphemeUsed < 2) morphemeUsed = 2;
+  uint32_t length = static_cast<uint32_t>(std::strlen(lexicon));
+  // A lexicon taken from our own pool must survive a Grow.
+  bool own = lexicon >= text && lexicon < text + capacity;
+  uint32_t ownOffset = own ? static_cast<uint32_t>(lexicon - text) : 0;
+  EnsureTextRoom(length);
+  if (own) lexicon = text + ownOffset;
+  uint32_t at = textUsed;
+  std::memmove(text + at, lexicon, length);
+  text[at + length] = 0;
+  EnsureMorphemeRoom();
+  morphemes[morphemeUsed] = pos;
+  morphemes[morphemeUsed + 1] = at;
+  morphemeUsed += 2;
+  textUsed += length + 1;
+  candidates[candidatePos] += 1;
+}
+
+void Eojul::AddSurfaceMorpheme(unsigned pos) {
+  if (morphemeUsed < 2) morphemeUsed = 2;
+  EnsureMorphemeRoom();
+  morphemes[morphemeUsed] = pos;
+  morphemes[morphemeUsed + 1] = 0;
+  morphemeUsed += 2;
+  candidates[candidatePos] += 1;
+}
+
+void Eojul::EndCandidate() {
+  if (candidates[candidatePos] == 0) return;
+  candidatePos += 2;
+  scorePos += 1;
+  EnsureCandidateRoom();
+  candidates[candidatePos] = 0;
+  candidates[candidatePos + 1] = 0;
+  scores[scorePos] = 0.0;
+}
+
+void Eojul::SetScoreAt(unsigned candidate, double score) {
+  if (candidate + 1 < scorePos + 1 && candidate + 1 < CandidateSlots(capacity)) {
+    scores[candidate + 1] = score;
+  }
+}
+
+// Entries at or before candidatePos were written for this token; later ones
+// (phantom candidates) read as empty.
+uint32_t Eojul::MorphemeCountAt(uint32_t k) const {
+  uint32_t at = 2 * k + 1;
+  return at <= candidatePos ? candidates[at] : 0;
+}
+
+uint32_t Eojul::FirstMorphemeAt(uint32_t k) const {
+  uint32_t at = 2 * k + 2;
+  return at <= candidatePos + 1 ? candidates[at] : 0;
+}
+
+double Eojul::ScoreAt(uint32_t k) const {
+  return k + 1 <= scorePos ? scores[k + 1] : 0.0;
+}
+
+const char* Eojul::LexiconOf(uint32_t morpheme) const {
+  uint32_t at = 2 * morpheme + 3;
+  if (at >= morphemeUsed) return "";
+  uint32_t textOffset = morphemes[at];
+  return textOffset < textUsed ? text + textOffset : "";
+}
+
+uint32_t Eojul::PosOf(uint32_t morpheme) const {
+  uint32_t at = 2 * morpheme + 2;
+  return at < morphemeUsed ? morphemes[at] : 0;
+}
+
+void Eojul::AddCandidateFrom(const Eojul& source, uint32_t k) {
+  uint32_t first = source.FirstMorphemeAt(k);
+  uint32_t count = source.MorphemeCountAt(k);
+  for (uint32_t m = 0; m < count; ++m) {
+    AddMorpheme(source.LexiconOf(first + m), source.PosOf(first + m));
+  }
+}
+
+void Eojul::AddSurfaceOf(const Eojul& source, unsigned pos) {
+  AddMorpheme(source.text, pos);
+}
+
+void Eojul::AppendMorphemes(const Eojul& other) {
+  uint32_t count = other.StoredCount();
+  for (uint32_t k = 0; k < count; ++k) {
+    AddCandidateFrom(other, k);
+    double score = other.ScoreAt(k);
+    if (score > 0.0) scores[scorePos] += score;
+  }
+  if (sorted) {
+    order.push_back(candidates[0]);
+    order[0] = static_cast<uint32_t>(order.size() - 1);
+  }
+}
+
+void Eojul::JoinAfter(const Eojul& left, const Eojul& right) {
+  uint32_t count = left.StoredCount();
+  for (uint32_t k = 0; k < count; ++k) {
+    BeginCandidate();
+    AddCandidateFrom(left, k);
+    if (right.StoredCount() >= 1) {
+      AddCandidateFrom(right, 0);
+    } else {
+      AddSurfaceOf(right, Pos::NNR);
+    }
+    SetCandidateScore(left.ScoreAt(k) + right.scores[1]);
+    EndCandidate();
+  }
+}
+
+void Eojul::JoinBefore(const Eojul& left, const Eojul& right) {
+  uint32_t count = right.StoredCount();
+  for (uint32_t k = 0; k < count; ++k) {
+    BeginCandidate();
+    if (left.StoredCount() >= 1) {
+      AddCandidateFrom(left, 0);
+    } else {
+      AddSurfaceOf(left, Pos::NNR);
+    }
+    AddCandidateFrom(right, k);
+    SetCandidateScore(left.scores[1] + right.ScoreAt(k));
+    EndCandidate();
+  }
+}
+
+int Eojul::BestCandidate() {
+  uint32_t count = StoredCount();
+  uint32_t best = 1;
+  for (uint32_t k = 2; k <= count; ++k) {
+    if (ScoreAt(k - 1) >= ScoreAt(best - 1)) best = k;
+  }
+  sorted = false;
+  return static_cast<int>(best) - 1;
+}
+
+int Eojul::SelectTop(unsigned char n) {
+  uint32_t count = StoredCount();
+  if (n == 0) {
+    sorted = false;
+    return static_cast<int>(count);
+  }
+  sorted = true;
+  uint32_t keep = n < count ? n : count;
+  order.clear();
+  order.push_back(keep);
+  if (keep == 1) {
+    order.push_back(static_cast<uint32_t>(BestCandidate()) + 1);
+    sorted = true;
+    return 1;
+  }
+  for (uint32_t k = 1; k <= count; ++k) order.push_back(k);
+  // Partial selection sort; ">=" lets later candidates displace equals.
+  for (uint32_t i = 1; i <= keep; ++i) {
+    double best = ScoreAt(order[i] - 1);
+    for (uint32_t j = i + 1; j <= count; ++j) {
+      double score = ScoreAt(order[j] - 1);
+      if (score >= best) {
+        std::swap(order[i], order[j]);
+        best = score;
+      }
+    }
+  }
+  return static_cast<int>(keep);
+}
+
+bool Eojul::MapCandidate(int& candidate) const {
+  if (!sorted) return true;
+  size_t at = static_cast<size_t>(candidate) + 1;
+  if (at >= order.size() || order[at] == 0) return false;
+  candidate = static_cast<int>(order[at]) - 1;
+  return true;
+}
+
+bool Eojul::Locate(int candidate, int morpheme, uint32_t& number) {
+  if (candidate < 0 || morpheme < 0) return false;
+  if (static_cast<int64_t>(candidate) > static_cast<int64_t>(StoredCount()) - 1) {
+    return false;
+  }
+  if (!MapCandidate(candidate)) return false;
+  uint32_t k = static_cast<uint32_t>(candidate);
+  // A morpheme equal to the count still reads: it is the next one stored.
+  if (static_cast<uint32_t>(morpheme) > MorphemeCountAt(k)) return false;
+  number = FirstMorphemeAt(k) + static_cast<uint32_t>(morpheme);
+  return true;
+}
+
+int Eojul::GetListSize() {
+  return static_cast<int>(sorted ? order[0] : StoredCount());
+}
+
+int Eojul::GetCount(int candidate) {
+  if (candidate < 0 || !MapCandidate(candidate)) return 0;
+  return static_cast<int>(MorphemeCountAt(static_cast<uint32_t>(candidate)));
+}
+
+const char* Eojul::GetLexicon(int candidate, int morpheme) {
+  uint32_t number;
+  if (!Locate(candidate, morpheme, number)) return nullptr;
+  return LexiconOf(number);
+}
+
+unsigned int Eojul::GetPOS(int candidate, int morpheme) {
+  uint32_t number;
+  if (!Locate(candidate, morpheme, number)) return 0xFFFFFFFFu;
+  return PosOf(number);
+}
+
+const char* Eojul::GetStrPOS(int candidate, int morpheme) {
+  uint32_t number;
+  if (!Locate(candidate, morpheme, number)) return "";
+  return PosNameOf(PosOf(number));
+}
+
+double Eojul::GetScore(int candidate) {
+  if (candidate < 0 || !MapCandidate(candidate)) return 0.0;
+  return ScoreAt(static_cast<uint32_t>(candidate));
+}
+
+int Eojul::GetStartOffset(int candidate, int morpheme) {
+  uint32_t number;
+  if (!Locate(candidate, morpheme, number) || number >= offsetCount) return -1;
+  return startOffsets[number];
+}
+
+int Eojul::GetEndOffset(int candidate, int morpheme) {
+  uint32_t number;
+  if (!Locate(candidate, morpheme, number) || number >= offsetCount) return -1;
+  return endOffsets[number];
+}
+
+bool Eojul::IsIndexWord(int candidate, int morpheme) {
+  uint32_t pos = GetPOS(candidate, morpheme);
+  if ((pos & indexMask) != pos) return false;
+  const char* lexicon = GetLexicon(candidate, morpheme);
+  size_t length = lexicon == nullptr ? 0 : std::strlen(lexicon);
+  if (minForeignLength != 0 && (pos & Pos::FL) != 0) {
+    return length >= minForeignLength;
+  }
+  if (minNumberLength != 0 && (pos & Pos::SN) != 0) {
+    return length >= minNumberLength;
+  }
+  return true;
+}
+
+void Eojul::AddMorphemeOffsets(short start, unsigned short end) {
+  while (offsetCount >= MorphemeSlots(capacity)) Grow();
+  startOffsets[offsetCount] = start;
+  endOffsets[offsetCount] = static_cast<int16_t>(end);
+  offsetCount += 1;
+}
+
+const char* Eojul::GetMorphemeAt(int m) const {
+  if (m == 0) return text;
+  if (m < 1 || static_cast<uint32_t>(m) > morphemeUsed / 2) return nullptr;
+  uint32_t at = 2 * static_cast<uint32_t>(m) + 1;
+  if (at >= morphemeUsed) return nullptr;
+  uint32_t textOffset = morphemes[at];
+  return textOffset < textUsed ? text + textOffset : nullptr;
+}
+
+void Eojul::Print(std::ostream& stream, bool compact) {
+  int visible = GetListSize();
+  if (compact) {
+    stream << text << "\t" << "Offset : " << offset << "\n";
+    for (int c = 0; c < visible; ++c) {
+      int count = GetCount(c);
+      for (int m = 0; m < count; ++m) {
+        if (m > 0) stream << "+";
+        stream << GetLexicon(c, m) << "/" << GetStrPOS(c, m);
+      }
+      stream << (c + 1 < visible ? "@" : "\n");
+    }
+    return;
+  }
+  stream << "[" << text << "]" << "\n";
+  stream << "Offset : " << offset << "\n";
+  for (int c = 0; c < visible; ++c) {
+    int count = GetCount(c);
+    for (int m = 0; m < count; ++m) {
+      if (m == 0) {
+        stream << "\t" << c << ": ";
+      } else {
+        stream << " + ";
+      }
+      stream << GetLexicon(c, m) << "/" << GetStrPOS(c, m);
+    }
+    stream << "\t" << GetScore(c) << "\n";
+  }
+}
+
+QR_Eojul* CreateEojul() { return new Eojul(256); }
+
+}  // namespace Quorel

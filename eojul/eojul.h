@@ -1,0 +1,165 @@
+// Eojul: one token and its candidate analyses, stored in six flat arrays.
+//
+//   text        surface at offset 0 (NUL, then one spare byte), then the
+//               NUL-terminated lexicon strings
+//   morphemes   entry 0 the type bits, entry 1 the surface offset, then one
+//               (POS mask, text offset) pair per morpheme of all candidates
+//   candidates  entry 0 the candidate count; candidate k has its morpheme
+//               count at 2k+1 and its first morpheme number at 2k+2
+//   scores      candidate k at k+1
+//   startOffsets, endOffsets  per-morpheme offsets of the offset pass
+//
+// An Eojul of up to 256 text bytes lives in its inline areas; beyond that all
+// arrays double together (Grow). Candidates are appended and never moved;
+// SelectTop narrows a view through `order`. A candidate closed without
+// morphemes leaves the count one too high (a phantom with no morphemes);
+// readers and analyzers tolerate it. One caller at a time.
+#ifndef QRLSL_EOJUL_EOJUL_H_
+#define QRLSL_EOJUL_EOJUL_H_
+
+#include <cstdint>
+#include <ostream>
+#include <vector>
+
+#include "qrlsl/qr_eojul.h"
+
+namespace Quorel {
+
+// Type bits of a token, set by the scanner and tested by the analyzers.
+namespace EojulType {
+constexpr uint32_t kDigit = 0x0001;
+constexpr uint32_t kLatin = 0x0002;
+constexpr uint32_t kDoubleByte = 0x0004;
+constexpr uint32_t kSymbol = 0x0008;        // one punctuation character
+constexpr uint32_t kOtherChar = 0x0010;     // one double-byte non-symbol
+constexpr uint32_t kHalfChar = 0x0020;      // ended inside a double-byte char
+constexpr uint32_t kClosed = 0x0040;        // closed by a quote or bracket
+constexpr uint32_t kSubToken = 0x0080;      // remainder re-analysed
+constexpr uint32_t kLongFirst = 0x0100;     // with kSubToken
+constexpr uint32_t kInnerSymbol = 0x0800;
+constexpr uint32_t kNumberJoin = 0x4000;
+constexpr uint32_t kTooLong = 0x8000;       // over 256 bytes, not analysed
+}  // namespace EojulType
+
+class Eojul : public QR_Eojul {
+ public:
+  static constexpr uint32_t kInlineCapacity = 256;
+
+  explicit Eojul(unsigned size = kInlineCapacity);
+  // Copies the used part; the copy shows all candidates (not narrowed) and
+  // has keepCase and numberPunctuation off.
+  Eojul(const Eojul& other);
+  Eojul& operator=(const Eojul&) = delete;
+  ~Eojul() override;
+
+  // QR_Eojul
+  void Initialize(bool releaseMemory) override;
+  void SetString(const char* text) override;
+  const char* GetString() override { return text; }
+  int GetListSize() override;
+  int GetCount(int candidate) override;
+  const char* GetLexicon(int candidate, int morpheme) override;
+  unsigned int GetPOS(int candidate, int morpheme) override;
+  const char* GetStrPOS(int candidate, int morpheme) override;
+  bool IsIndexWord(int candidate, int morpheme) override;
+  double GetScore(int candidate) override;
+  int BestCandidate() override;
+  int GetStartOffset(int candidate, int morpheme) override;
+  int GetEndOffset(int candidate, int morpheme) override;
+
+  // Assignment between passes: grows to the other's capacity (never
+  // shrinks) and copies the used parts and the offset; leaves the view,
+  // the index mask and the minima as they are.
+  void CopyFrom(const Eojul& other);
+
+  // Initialize(true), then stores the surface and its type bits.
+  void SetText(const char* surface, unsigned type);
+  unsigned GetType() const { return morphemes[0]; }
+  int GetOffset() const { return offset; }
+  void SetOffset(int value) { offset = value; }
+
+  // Filling: BeginCandidate, AddMorpheme..., [SetCandidateScore],
+  // EndCandidate. REQUIRES: SetText first.
+  void BeginCandidate();
+  void AddMorpheme(const char* lexicon, unsigned pos);
+  // A morpheme whose lexicon is the surface itself (no copy).
+  void AddSurfaceMorpheme(unsigned pos);
+  void EndCandidate();
+  void SetCandidateScore(double score) { scores[scorePos] = score; }
+  // Score of stored candidate `candidate` (0-based), ignoring the view.
+  void SetScoreAt(unsigned candidate, double score);
+
+  // Appends every morpheme of every candidate of `other` to the open
+  // candidate, summing the positive scores.
+  void AppendMorphemes(const Eojul& other);
+  // One candidate per candidate of `left`, followed by right's first.
+  void JoinAfter(const Eojul& left, const Eojul& right);
+  // One candidate per candidate of `right`, preceded by left's first.
+  void JoinBefore(const Eojul& left, const Eojul& right);
+
+  // Narrows the view to the n best (0: all, in stored order). Returns the
+  // number visible. Among equal scores later candidates come first.
+  int SelectTop(unsigned char n);
+
+  void AddMorphemeOffsets(short start, unsigned short end);
+  // 0: the surface; m >= 1: the text of morpheme pair m; null outside.
+  const char* GetMorphemeAt(int m) const;
+
+  // Debug and file output; compact is one line per token.
+  void Print(std::ostream& stream, bool compact);
+
+  // Raw reads of stored candidate k (0-based, no view); 0 outside.
+  uint32_t StoredCount() const { return candidates[0]; }
+  uint32_t MorphemeCountAt(uint32_t k) const;
+  uint32_t FirstMorphemeAt(uint32_t k) const;
+  double ScoreAt(uint32_t k) const;
+  const char* LexiconOf(uint32_t morpheme) const;
+  uint32_t PosOf(uint32_t morpheme) const;
+
+  uint32_t indexMask;
+  uint32_t minForeignLength = 0;
+  uint32_t minNumberLength = 0;
+  bool keepCase = false;
+  bool numberPunctuation = false;
+
+ private:
+  void AllocateArrays(uint32_t newCapacity, bool copyOld);
+  void FreeArrays();
+  void Grow();
+  void EnsureTextRoom(uint32_t length);
+  void EnsureMorphemeRoom();
+  void EnsureCandidateRoom();
+  // Maps a view candidate number to a stored one; false when out of view.
+  bool MapCandidate(int& candidate) const;
+  // Morpheme number of (candidate, morpheme) under the readers' rules.
+  bool Locate(int candidate, int morpheme, uint32_t& number);
+  void AddCandidateFrom(const Eojul& source, uint32_t k);
+  void AddSurfaceOf(const Eojul& source, unsigned pos);
+
+  char inlineText[kInlineCapacity];
+  uint32_t inlineMorphemes[kInlineCapacity / 8];
+  uint32_t inlineCandidates[kInlineCapacity / 12];
+  double inlineScores[kInlineCapacity / 12];
+  int16_t inlineStartOffsets[kInlineCapacity / 8];
+  int16_t inlineEndOffsets[kInlineCapacity / 8];
+
+  char* text;
+  uint32_t* morphemes;
+  uint32_t* candidates;
+  double* scores;
+  std::vector<uint32_t> order;
+  uint32_t capacity;
+  uint32_t textUsed;
+  uint32_t morphemeUsed;
+  uint32_t candidatePos;
+  uint32_t scorePos;
+  bool sorted;
+  int32_t offset;
+  int16_t* startOffsets;
+  int16_t* endOffsets;
+  uint32_t offsetCount;
+};
+
+}  // namespace Quorel
+
+#endif  // QRLSL_EOJUL_EOJUL_H_
