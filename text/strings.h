@@ -1,8 +1,9 @@
 // The byte-string classes of the system. All bytes are CP949 and every
 // length and position is in bytes.
 //
-//   spr::stdstyle::string<char>  growable NUL-terminated string, 16 bytes
-//                                inline before it allocates
+//   spr::stdstyle::string<char>  growable NUL-terminated string; a 16-byte
+//                                inline buffer (15 characters and the NUL)
+//                                before it allocates
 //   StringEx                     comparison and search helpers
 //   Text                         splitting into fields
 //

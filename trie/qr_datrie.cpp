@@ -8,7 +8,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <utility>
 
 namespace Quorel {
 
@@ -17,6 +16,12 @@ namespace {
 constexpr int kSpareCells = 256;  // base + any code stays inside the array
 constexpr int kSpareTail = 128;
 constexpr unsigned char kEnd = ';';  // ends every key and every tail rest
+
+// Copies 4 value bytes, reversing them unless in machine order.
+void CopyValueBytes(unsigned char* to, const unsigned char* from,
+                    uint8_t nativeOrder) {
+  for (int i = 0; i < 4; ++i) to[i] = from[nativeOrder != 0 ? i : 3 - i];
+}
 
 }  // namespace
 
@@ -61,25 +66,15 @@ void QR_DaTrie::Clear() {
 }
 
 int32_t QR_DaTrie::GetValue(const TrieNode& node) {
-  unsigned char bytes[4];
-  std::memcpy(bytes, node.value, 4);
-  if (node.nativeOrder == 0) {
-    std::swap(bytes[0], bytes[3]);
-    std::swap(bytes[1], bytes[2]);
-  }
   int32_t value;
-  std::memcpy(&value, bytes, 4);
+  CopyValueBytes(reinterpret_cast<unsigned char*>(&value), node.value,
+                 node.nativeOrder);
   return value;
 }
 
 void QR_DaTrie::SetValue(TrieNode& node, int32_t value) {
-  unsigned char bytes[4];
-  std::memcpy(bytes, &value, 4);
-  if (node.nativeOrder == 0) {
-    std::swap(bytes[0], bytes[3]);
-    std::swap(bytes[1], bytes[2]);
-  }
-  std::memcpy(node.value, bytes, 4);
+  CopyValueBytes(node.value, reinterpret_cast<const unsigned char*>(&value),
+                 node.nativeOrder);
 }
 
 int QR_DaTrie::Insert(const char* key, TrieNode& node) {

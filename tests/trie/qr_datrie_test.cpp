@@ -23,6 +23,17 @@ std::string TailBytes(const QR_DaTrie& trie, int32_t from, int32_t count) {
 class TrieTest : public ::testing::Test {
  protected:
   void SetUp() override { ASSERT_EQ(0, trie.Create(1024, 1024, 1024, 1024)); }
+  // Inserts key and sets its value.
+  void Put(const char* key, int32_t value) {
+    TrieNode node;
+    trie.Insert(key, node);
+    QR_DaTrie::SetValue(node, value);
+  }
+  // The value of key found by Walk, -1 when it is not a key.
+  int32_t ValueOf(const std::string& key) const {
+    int32_t value = -1;
+    return Lookup(trie, key, &value) ? value : -1;
+  }
   QR_DaTrie trie;
 };
 
@@ -88,32 +99,23 @@ TEST_F(TrieTest, PrefixKeyGetsTerminatorTransition) {
   EXPECT_EQ(-0x51, trie.bc[0x4F].check);
   EXPECT_TRUE(FreeListIsSound(trie));
 
-  int32_t value = 0;
-  ASSERT_TRUE(Lookup(trie, "ab", &value));
-  EXPECT_EQ(0x01020304, value) << "the value set before the split survives";
+  EXPECT_EQ(0x01020304, ValueOf("ab")) << "the value set before the split survives";
   TrieNode walked;
   trie.Walk('a', walked);
   trie.Walk('b', walked);
   EXPECT_EQ(trie.tail + 2, walked.value);
   EXPECT_NE(before, walked.value) << "the record moved one byte down";
-  ASSERT_TRUE(Lookup(trie, "a", &value));
-  EXPECT_EQ(42, value);
-  EXPECT_FALSE(Lookup(trie, "abc", &value));
-  EXPECT_FALSE(Lookup(trie, "b", &value));
+  EXPECT_EQ(42, ValueOf("a"));
+  EXPECT_EQ(-1, ValueOf("abc"));
+  EXPECT_EQ(-1, ValueOf("b"));
 }
 
 TEST_F(TrieTest, KeyAddedBeforeItsPrefixOrAfterIt) {
   // "a" first: its leaf holds ";" + value; "ab" splits it at the ";".
-  TrieNode node;
-  trie.Insert("a", node);
-  QR_DaTrie::SetValue(node, 7);
-  trie.Insert("ab", node);
-  QR_DaTrie::SetValue(node, 8);
-  int32_t value = 0;
-  ASSERT_TRUE(Lookup(trie, "a", &value));
-  EXPECT_EQ(7, value);
-  ASSERT_TRUE(Lookup(trie, "ab", &value));
-  EXPECT_EQ(8, value);
+  Put("a", 7);
+  Put("ab", 8);
+  EXPECT_EQ(7, ValueOf("a"));
+  EXPECT_EQ(8, ValueOf("ab"));
   EXPECT_TRUE(FreeListIsSound(trie));
 }
 
@@ -140,11 +142,8 @@ TEST_F(TrieTest, FreeListEmptyWhenNoGapOpens) {
 }
 
 TEST_F(TrieTest, CommonRestBecomesChainOfCells) {
-  TrieNode node;
-  trie.Insert("abcdx", node);
-  QR_DaTrie::SetValue(node, 1);
-  trie.Insert("abcdy", node);
-  QR_DaTrie::SetValue(node, 2);
+  Put("abcdx", 1);
+  Put("abcdy", 2);
   // a (leaf turned state) -> b -> c -> d, each a single child.
   int32_t s = 1;
   for (char c : std::string("abcd")) {
@@ -153,12 +152,9 @@ TEST_F(TrieTest, CommonRestBecomesChainOfCells) {
     ASSERT_GT(trie.bc[t].base, 0) << c;
     s = t;
   }
-  int32_t value = 0;
-  ASSERT_TRUE(Lookup(trie, "abcdx", &value));
-  EXPECT_EQ(1, value);
-  ASSERT_TRUE(Lookup(trie, "abcdy", &value));
-  EXPECT_EQ(2, value);
-  EXPECT_FALSE(Lookup(trie, "abcd", &value));
+  EXPECT_EQ(1, ValueOf("abcdx"));
+  EXPECT_EQ(2, ValueOf("abcdy"));
+  EXPECT_EQ(-1, ValueOf("abcd"));
   EXPECT_TRUE(FreeListIsSound(trie));
 }
 
@@ -185,9 +181,8 @@ TEST_F(TrieTest, KeysLongerThan128BytesAreCut) {
   trie.Insert(key128.c_str(), again);
   EXPECT_EQ(node.value, again.value);
   EXPECT_EQ(5, QR_DaTrie::GetValue(again));
-  int32_t value = 0;
-  EXPECT_TRUE(Lookup(trie, key128, &value));
-  EXPECT_FALSE(Lookup(trie, key128 + "z", &value));
+  EXPECT_EQ(5, ValueOf(key128));
+  EXPECT_EQ(-1, ValueOf(key128 + "z"));
 
   QR_DaTrie cut;
   cut.Create(1024, 1024, 1024, 1024);
