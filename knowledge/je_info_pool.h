@@ -24,7 +24,8 @@ class JeInfoPool {
   int32_t Add(uint32_t bits, uint16_t attach, uint8_t type, const char* text,
               int32_t textLength);
   // Drops all entries; the arrays get room for max(kMinCapacity, capacity)
-  // entries, zeroed. False when memory ran out.
+  // entries, zeroed. The text pool is left as it is. False when memory ran
+  // out.
   bool Reset(int32_t capacity);
 
   TextPool text;

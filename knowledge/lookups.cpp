@@ -1,0 +1,261 @@
+// The read-only lookups of the knowledge. Each walks with a cursor on its own
+// stack and copies records out; nothing is allocated but the growth of a
+// caller's result vector.
+#include <cstring>
+
+#include "knowledge/dictionary.h"
+#include "text/syllable_table.h"
+
+namespace Quorel {
+
+namespace {
+
+int32_t EffectiveLength(const spr::stdstyle::string<char>& key, int32_t len) {
+  return len == 0 ? key.Length() : len;
+}
+
+inline bool InRange(unsigned char c, int low, int high) {
+  return c >= low && c <= high;
+}
+
+}  // namespace
+
+bool Dictionary::WalkKey(const QR_DaTrie& trie, const char* key, int32_t len,
+                         TrieNode& node) {
+  node.Reset();
+  if (key == nullptr) return false;
+  if (len == 0) len = static_cast<int32_t>(std::strlen(key));
+  for (int32_t i = 0; i < len && key[i] != '\0'; ++i) {
+    if (trie.Walk(static_cast<unsigned char>(key[i]), node) == 0) {
+      return false;
+    }
+  }
+  return node.value != nullptr;
+}
+
+void Dictionary::SetTexts(SearchInfo& si) const {
+  auto text = [this](int32_t offset) -> const char* {
+    return offset >= 0 && offset < mainPool.used ? mainPool.At(offset)
+                                                 : nullptr;
+  };
+  si.nnbText = text(si.info.nnbInfo);
+  si.nnpText = text(si.info.nnpInfo);
+  si.nnuText = text(si.info.nnuInfo);
+  si.nuText = text(si.info.nuInfo);
+}
+
+int Dictionary::SearchMain(const char* key, SearchInfo& si,
+                           int32_t len) const {
+  std::memset(static_cast<void*>(&si), 0, sizeof si);
+  if (key == nullptr) return 0;
+  if (len == 0) len = static_cast<int32_t>(std::strlen(key));
+  TrieNode node;
+  if (!WalkKey(mainTrie, key, len, node)) return 0;
+  int32_t index = QR_DaTrie::GetValue(node);
+  if (index < 0 || static_cast<size_t>(index) >= mainInfos.size()) return 0;
+  si.end = len;
+  si.info = mainInfos[index];
+  SetTexts(si);
+  return 1;
+}
+
+int Dictionary::SearchMain(const spr::stdstyle::string<char>& key,
+                           SearchInfo& si, int32_t len) const {
+  return SearchMain(key.CStr(), si, EffectiveLength(key, len));
+}
+
+int Dictionary::SearchAll(const char* key, std::vector<SearchInfo>& results,
+                          int32_t len, int32_t start, int nounOnly,
+                          int allowShort, int keepLongest,
+                          int foreignOnly) const {
+  if (key == nullptr || start < 0) return static_cast<int>(results.size());
+  if (len == 0) len = static_cast<int32_t>(std::strlen(key));
+  const auto* text = reinterpret_cast<const unsigned char*>(key);
+  TrieNode node;
+  SearchInfo prevSi;
+  for (int32_t i = start; i < len && text[i] != 0; ++i) {
+    if (mainTrie.Walk(text[i], node) == 0) break;
+    if (node.value == nullptr) continue;
+    int32_t index = QR_DaTrie::GetValue(node);
+    if (index < 0 || static_cast<size_t>(index) >= mainInfos.size()) continue;
+    const MainTrieInfo& info = mainInfos[index];
+    if (foreignOnly == 1) {
+      // Only user nouns that are not plain Hangul are wanted.
+      if ((info.bits & 0x8) == 0) continue;
+      bool plain = true;
+      for (int32_t j = start; j <= i; j += 2) {
+        if (text[j] < 128) {
+          plain = false;
+          break;
+        }
+        if (!InRange(text[j], 161, 172)) continue;
+        // The first test looks at the hit's last byte and the one behind
+        // it (at most the NUL), not at the pair at j; this mode has always
+        // answered so.
+        if (InRange(text[i], 161, 172) && j + 1 < i &&
+            InRange(text[i + 1], 65, 160)) {
+          continue;
+        }
+        if (text[j] == 164 && j + 1 < i && text[j + 1] < 253) continue;
+        plain = false;
+        break;
+      }
+      if (plain) continue;
+    }
+    if (nounOnly == 1 && (info.bits & (0x1 | 0x4 | 0x400 | 0x20 | 0x8 |
+                                       0x40)) == 0) {
+      continue;
+    }
+    if (allowShort == 0 && i + 1 - start < (foreignOnly == 1 ? 2 : 3)) {
+      continue;
+    }
+    SearchInfo si;
+    si.start = start;
+    si.end = i + 1;
+    si.info = info;
+    SetTexts(si);
+    if (keepLongest == 1) {
+      prevSi = si;
+    } else {
+      results.push_back(si);
+    }
+  }
+  if (keepLongest == 1 && prevSi.end >= 1) results.push_back(prevSi);
+  return static_cast<int>(results.size());
+}
+
+int Dictionary::SearchAll(const spr::stdstyle::string<char>& key,
+                          std::vector<SearchInfo>& results, int32_t len,
+                          int32_t start, int nounOnly, int allowShort,
+                          int keepLongest, int foreignOnly) const {
+  return SearchAll(key.CStr(), results, EffectiveLength(key, len), start,
+                   nounOnly, allowShort, keepLongest, foreignOnly);
+}
+
+int Dictionary::SearchJE(const char* key, SearchJEInfo& sjei,
+                         int32_t len) const {
+  sjei.length = 0;
+  if (key == nullptr) return 0;
+  if (len == 0) len = static_cast<int32_t>(std::strlen(key));
+  TrieNode node;
+  // No NUL test here: the walk fails on it.
+  for (int32_t i = 0; i < len; ++i) {
+    if (jeTrie.Walk(static_cast<unsigned char>(key[i]), node) == 0) break;
+    if (node.value == nullptr) continue;
+    int32_t index = QR_DaTrie::GetValue(node);
+    if (index < 0 || static_cast<size_t>(index) >= jeInfos.size()) continue;
+    sjei.length = i + 1;
+    sjei.jeti = jeInfos[index];
+  }
+  return sjei.length;
+}
+
+int Dictionary::SearchJE(const spr::stdstyle::string<char>& key,
+                         SearchJEInfo& sjei, int32_t len) const {
+  return SearchJE(key.CStr(), sjei, EffectiveLength(key, len));
+}
+
+jeInfo& Dictionary::GetJEInfo(jeInfo& out, const SearchJEInfo& sjei,
+                              int type) const {
+  out = jeInfo();
+  int32_t index = -1;
+  switch (type) {
+    case 0: index = sjei.jeti.josaInfo; break;
+    case 1: index = sjei.jeti.eomiInfo0; break;
+    case 5: index = sjei.jeti.eomiInfo5; break;
+    case 9: index = sjei.jeti.eomiInfo9; break;
+    case 17: index = sjei.jeti.eomiInfo17; break;
+    case 19: index = sjei.jeti.eomiInfo19; break;
+    default: return out;
+  }
+  if (index < 0 || index >= jePool.count) return out;
+  uint32_t offset = jePool.offset[index];
+  if (offset >= static_cast<uint32_t>(jePool.text.used)) return out;
+  out.text = jePool.text.At(static_cast<int32_t>(offset));
+  out.bits = jePool.bits[index];
+  out.attach = jePool.attach[index];
+  out.type = jePool.type[index];
+  return out;
+}
+
+int Dictionary::CheckAttach(const SyllableRec& syllable, const jeInfo& jei) {
+  const bool closed = (syllable.flags & 0x1) != 0;
+  if ((jei.attach & 0x4) && syllable.jongseong == 9) return 1;
+  if ((jei.attach & 0x1) && !closed) return 0;
+  if ((jei.attach & 0x2) && closed) return 0;
+  return 1;
+}
+
+int Dictionary::IsXP(const char* key, int32_t len) const {
+  TrieNode node;
+  return WalkKey(xpTrie, key, len, node) ? 1 : 0;
+}
+
+int Dictionary::IsXSN(const char* key, int32_t len) const {
+  TrieNode node;
+  return WalkKey(xsnTrie, key, len, node) ? 1 : 0;
+}
+
+int Dictionary::IsXSNXSN(const char* key, int32_t len) const {
+  TrieNode node;
+  return WalkKey(xsnxsnTrie, key, len, node) ? 1 : 0;
+}
+
+int Dictionary::IsCONJ(const char* key, int32_t len) const {
+  TrieNode node;
+  return WalkKey(conjTrie, key, len, node) ? 1 : 0;
+}
+
+int Dictionary::IsXP(const spr::stdstyle::string<char>& key,
+                     int32_t len) const {
+  return IsXP(key.CStr(), EffectiveLength(key, len));
+}
+
+int Dictionary::IsXSN(const spr::stdstyle::string<char>& key,
+                      int32_t len) const {
+  return IsXSN(key.CStr(), EffectiveLength(key, len));
+}
+
+int Dictionary::IsXSNXSN(const spr::stdstyle::string<char>& key,
+                         int32_t len) const {
+  return IsXSNXSN(key.CStr(), EffectiveLength(key, len));
+}
+
+int Dictionary::IsCONJ(const spr::stdstyle::string<char>& key,
+                       int32_t len) const {
+  return IsCONJ(key.CStr(), EffectiveLength(key, len));
+}
+
+int Dictionary::GetDivFreq(const char* key, int32_t& freq,
+                           int32_t len) const {
+  freq = 0;
+  TrieNode node;
+  if (!WalkKey(divTrie, key, len, node) || divInfo == nullptr) return 0;
+  int32_t index = QR_DaTrie::GetValue(node);
+  if (index < 0 || index >= sizeDivInfo) return 0;
+  freq = divInfo[index];
+  return 1;
+}
+
+int Dictionary::GetDivFreq(const spr::stdstyle::string<char>& key,
+                           int32_t& freq, int32_t len) const {
+  return GetDivFreq(key.CStr(), freq, EffectiveLength(key, len));
+}
+
+int Dictionary::GetPosFreq(const char* key, PosInfoRec& rec,
+                           int32_t len) const {
+  rec = PosInfoRec();
+  TrieNode node;
+  if (!WalkKey(posTrie, key, len, node) || posInfo == nullptr) return 0;
+  int32_t index = QR_DaTrie::GetValue(node);
+  if (index < 0 || index >= sizePosInfo) return 0;
+  rec = posInfo[index];
+  return 1;
+}
+
+int Dictionary::GetPosFreq(const spr::stdstyle::string<char>& key,
+                           PosInfoRec& rec, int32_t len) const {
+  return GetPosFreq(key.CStr(), rec, EffectiveLength(key, len));
+}
+
+}  // namespace Quorel
