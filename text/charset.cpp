@@ -152,7 +152,10 @@ int32_t EncodeCount(char* out, const WideChar* wide, int32_t room, int32_t id) {
       written = -1;  // a lone half of a pair has nothing to encode
     } else {
       written = codec->encode(cursor, *unit, room);
-      if (written == charset::kNoRoom) break;
+      if (written == charset::kNoRoom) {
+        room = 0;  // so no NUL follows a character left out
+        break;
+      }
     }
     if (written < 0) {
       if (cursor) *cursor = kBlank;
