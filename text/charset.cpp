@@ -81,6 +81,20 @@ void WriteEncoded(std::ostream& stream, const WideChar* wide, const char* name,
   stream.flush();
 }
 
+// Measures with `measureRoom`, allocates count + 1 units and converts; an
+// unknown id measures -1 and gives an empty string. Null if new[] fails.
+template <class Out, class In>
+Out* ConvertNew(int32_t (*convert)(Out*, const In*, int32_t, int32_t), const In* source,
+                int32_t id, int32_t measureRoom) {
+  int32_t count = convert(nullptr, source, measureRoom, id);
+  if (count < 0) count = 0;
+  Out* result = new (std::nothrow) Out[count + 1];
+  if (result == nullptr) return nullptr;
+  result[0] = 0;
+  convert(result, source, count + 1, id);
+  return result;
+}
+
 }  // namespace
 
 int32_t EncodingId(const char* name) {
@@ -128,13 +142,7 @@ int32_t Decode(WideChar* out, const char* bytes, int32_t room, const char* name)
 }
 
 WideChar* DecodeNew(const char* bytes, int32_t id) {
-  int32_t count = DecodeCount(nullptr, bytes, kDecodeMeasureRoom, id);
-  if (count < 0) count = 0;
-  WideChar* wide = new (std::nothrow) WideChar[count + 1];
-  if (wide == nullptr) return nullptr;
-  wide[0] = 0;
-  DecodeCount(wide, bytes, count + 1, id);
-  return wide;
+  return ConvertNew(DecodeCount, bytes, id, kDecodeMeasureRoom);
 }
 
 WideChar* ToWide(const char* bytes, const char* name) {
@@ -174,13 +182,7 @@ int32_t Encode(char* out, const WideChar* wide, int32_t room, const char* name) 
 }
 
 char* EncodeNew(const WideChar* wide, int32_t id) {
-  int32_t count = EncodeCount(nullptr, wide, kEncodeMeasureRoom, id);
-  if (count < 0) count = 0;
-  char* bytes = new (std::nothrow) char[count + 1];
-  if (bytes == nullptr) return nullptr;
-  bytes[0] = '\0';
-  EncodeCount(bytes, wide, count + 1, id);
-  return bytes;
+  return ConvertNew(EncodeCount, wide, id, kEncodeMeasureRoom);
 }
 
 char* FromWide(const WideChar* wide, const char* name) {
