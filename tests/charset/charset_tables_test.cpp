@@ -2,6 +2,8 @@
 // Multilingual Plane, measured against the C library's iconv(3).
 #include <gtest/gtest.h>
 
+#include <cctype>
+#include <memory>
 #include <string>
 #include <vector>
 
