@@ -49,7 +49,7 @@ TEST(EojulTest, FillsAndReadsCandidates) {
   EXPECT_STREQ(e.GetLexicon(0, 0), "a");
   EXPECT_STREQ(e.GetLexicon(0, 1), "b");
   EXPECT_EQ(e.GetPOS(0, 1), Pos::JX);
-  EXPECT_STREQ(e.GetStrPOS(0, 1), "JX");
+  EXPECT_STREQ(e.GetStrPOS(0, 1), "J_");  // JX shares its mask's name
   EXPECT_DOUBLE_EQ(e.GetScore(0), 1.5);
   EXPECT_EQ(e.GetCount(1), 1);
   EXPECT_STREQ(e.GetLexicon(1, 0), "ab");  // the surface itself
@@ -115,8 +115,9 @@ TEST(EojulTest, SelectTopTieRules) {
   ASSERT_EQ(e.GetListSize(), 2);
   EXPECT_STREQ(e.GetLexicon(0, 0), "three");
   EXPECT_STREQ(e.GetLexicon(1, 0), "two");
-  // The range test on the candidate uses the stored count, then the view.
-  EXPECT_EQ(e.GetLexicon(2, 0), nullptr);
+  // The range test uses the stored count, then maps through the whole
+  // order: past the view a reader still sees the rest, worst last.
+  EXPECT_STREQ(e.GetLexicon(2, 0), "one");
 
   EXPECT_EQ(e.SelectTop(1), 1);
   EXPECT_STREQ(e.GetLexicon(0, 0), "three");  // last of equal scores
@@ -284,6 +285,8 @@ TEST(EojulTest, IsIndexWordFiltersByMaskAndLength) {
   EXPECT_FALSE(e.IsIndexWord(0, 3));  // NNP bit outside the mask
   EXPECT_FALSE(e.IsIndexWord(0, 9));  // failed read
   e.indexMask = 0xFFFFFFFF;
+  EXPECT_FALSE(e.IsIndexWord(5, 0));  // a failed read has the FL bit too
+  e.minForeignLength = 0;
   EXPECT_TRUE(e.IsIndexWord(5, 0));   // all bits admit even a failed read
 }
 
@@ -305,8 +308,9 @@ TEST(EojulTest, GetMorphemeAt) {
   e.SetText("sur", 0);
   AddCandidate(e, {{"m1", Pos::NNG}, {"m2", Pos::JX}}, 1);
   EXPECT_STREQ(e.GetMorphemeAt(0), "sur");
-  EXPECT_STREQ(e.GetMorphemeAt(2), "m1");
-  EXPECT_STREQ(e.GetMorphemeAt(3), "m2");
+  EXPECT_STREQ(e.GetMorphemeAt(1), "m1");
+  EXPECT_STREQ(e.GetMorphemeAt(2), "m2");
+  EXPECT_EQ(e.GetMorphemeAt(3), nullptr);
   EXPECT_EQ(e.GetMorphemeAt(9), nullptr);
   EXPECT_EQ(e.GetMorphemeAt(-1), nullptr);
 }
@@ -320,10 +324,10 @@ TEST(EojulTest, PrintForms) {
   std::ostringstream full;
   e.Print(full, false);
   EXPECT_EQ(full.str(),
-            "[ab]\nOffset : 4\n\t0: a/NNG + b/JX\t1.5\n\t1: ab/NNP\t0.5\n");
+            "[ab]\nOffset : 4\n\t0: a/NNG + b/J_\t1.5\n\t1: ab/NNP\t0.5\n");
   std::ostringstream compact;
   e.Print(compact, true);
-  EXPECT_EQ(compact.str(), "ab\tOffset : 4\na/NNG+b/JX@ab/NNP\n");
+  EXPECT_EQ(compact.str(), "ab\tOffset : 4\na/NNG+b/J_@ab/NNP\n");
 }
 
 TEST(EojulTest, SurfaceFromItsOwnStorageSurvivesSetText) {
