@@ -117,11 +117,12 @@ class ImageReader {
     if (swapped) Swap16Array(data, n);
     return true;
   }
-  // A count of elements of `size` bytes each that the rest of the file can
-  // hold; a negative or larger count is refused before anything is allocated.
-  bool Count(int32_t& n, int64_t size) {
-    return Int32(n) && n >= 0 && n * size <= remaining;
+  // Whether n elements of `size` bytes each fit in the rest of the file; a
+  // negative or larger count is refused before anything is allocated.
+  bool Fits(int32_t n, int64_t size) const {
+    return n >= 0 && n * size <= remaining;
   }
+  bool Count(int32_t& n, int64_t size) { return Int32(n) && Fits(n, size); }
 
   bool Trie(QR_DaTrie& trie) {
     int32_t cells = 0;
@@ -213,7 +214,7 @@ bool ReadJeRecord(ImageReader& r, JosaEomiTrieInfo& j) {
 // A text pool re-created for `size` bytes and filled from the file.
 bool ReadPool(ImageReader& r, TextPool& pool) {
   int32_t size = 0;
-  if (!r.Count(size, 1)) return false;
+  if (!r.Count(size, 1) || size == INT32_MAX) return false;
   if (!pool.Reset(size + 1)) return false;
   pool.used = size;
   return r.Bytes(pool.buffer, static_cast<size_t>(size));
@@ -243,7 +244,8 @@ int ReadSections(ImageReader& r, Dictionary& d, bool withPreAnalysis) {
   int32_t count = 0;
   if (!r.Trie(d.mainTrie)) return 0;
   d.mainInfos.clear();
-  if (!r.Count(count, 24)) {
+  if (!r.Int32(count)) return 0;
+  if (!r.Fits(count, 24)) {
     Report(kMainRecordError);
     return 0;
   }
@@ -260,7 +262,8 @@ int ReadSections(ImageReader& r, Dictionary& d, bool withPreAnalysis) {
 
   if (!r.Trie(d.jeTrie)) return 0;
   d.jeInfos.clear();
-  if (!r.Count(count, 28)) {
+  if (!r.Int32(count)) return 0;
+  if (!r.Fits(count, 28)) {
     Report(kJeReadError);
     return 0;
   }
