@@ -50,15 +50,29 @@ MAnalyzer::~MAnalyzer() {
 
 void MAnalyzer::Initialise() {
   line.Reserve(kLineLimit);
-  for (Level& level : levels) {
+  for (LevelRec& level : levels) {
     level.stem.Reserve(kStringReserve);
     level.ending.Reserve(kStringReserve);
     level.endingBits = 0;
   }
+  workText.Reserve(kStringReserve);
+  pieceText.Reserve(kStringReserve);
   levelIndex = 0;
   analysisResult = 0;
   foundMask = 0;
   contextCode = 0;
+  nounStage = 0;
+  nounCut = 0;
+  nounBest = -1;
+  pendingNounEnding = 0;
+  pendingNounSuffix = 0;
+  pendingNounOther = 0;
+  auxTailCount = 0;
+  compoundState = 0;
+  verbState = 0;
+  analysisLength = 0;
+  wholeNounDone = 0;
+  scoreFlow = 0;
   compoundTried = false;
   restarted = false;
   exOption = 0;

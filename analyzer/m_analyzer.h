@@ -12,22 +12,40 @@
 #include <cstdint>
 #include <vector>
 
+#include "analyzer/eojul_pool.h"
 #include "eojul/eojul.h"
 #include "eojul/text_stream.h"
+#include "knowledge/suffix_lists.h"
 #include "qrlsl/qr_analyzer.h"
 #include "text/strings.h"
+#include "trie/lookup_records.h"
 
 namespace Quorel {
 
 class Dictionary;
 
+struct SyllableRec;
+
 // One record of the analysis stack: a candidate stem, the endings split off
-// at this level, and their POS bits.
-struct Level {
+// at this level, and their POS bits. Level k+1 analyses a part of the stem
+// of level k; a finished candidate reads the top stem, then the endings from
+// the top level down to 0.
+struct LevelRec {
   StringEx stem;
   StringEx ending;
-  uint64_t endingBits = 0;
+  uint32_t endingBits = 0;
 };
+
+// The three syllables whose 하 contracts with the next ending.
+enum class HaContraction { kChi, kKe, kKi };
+
+// Status word of the analysis routes.
+namespace RouteStatus {
+constexpr int kNoSyllable = 1;   // a syllable lookup failed
+constexpr int kPending = 2;      // a partial analysis was stored
+constexpr int kCandidate = 4;    // a candidate was added
+constexpr int kGoOn = 16;        // 게 read as an ㅎ irregular: keep searching
+}  // namespace RouteStatus
 
 // Bits of SetExOption.
 namespace ExOption {
@@ -71,10 +89,77 @@ class MAnalyzer : public QR_Analyzer {
   signed char Option(int option) const { return options[option]; }
   Eojul* CurrentEojul() { return static_cast<Eojul*>(eojul); }
   Dictionary* Knowledge() { return reinterpret_cast<Dictionary*>(knowledge); }
+  const Dictionary* Knowledge() const {
+    return reinterpret_cast<const Dictionary*>(knowledge);
+  }
 
-  // The per-token cascade: leaves the candidates of `e`. Returns the
-  // analysis result (0 none).
+  // The per-token cascade: leaves the candidates of `e`, unscored. Returns
+  // the analysis result (0 none); re-entered for a sub-token (type 0x80).
   int AnalyzeEojul(Eojul& e);
+
+  // ---- Josa and eomi search (status words: RouteStatus) ----
+  // Fills jeCandidates with every split point of `e`, longest ending first;
+  // a stored record has the ending's start in `length` and the end of the
+  // first key in `reserved` when a chain of JX keys follows. Returns 1.
+  int SearchSplits(Eojul& e, bool rePass);
+  // Analysis of `e` with the ending that starts at sjei.length.
+  int AnalyzeSplit(Eojul& e, const SearchJEInfo& sjei);
+  // The eomi readings of sjei after the stem of the top level.
+  int AnalyzeEomi(Eojul& e, const SearchJEInfo& sjei);
+  // The reading of the bare eomi ㄴ, ㄹ or ㅁ for a final (5, 9, 17); blank
+  // for any other.
+  jeInfo BareEomi(int jong) const;
+  // False when an ending beginning with 으 follows an open stem, or when
+  // either syllable is missing.
+  static bool CheckJoin(const char* stem, const char* ending);
+
+  // ---- Stems (common steps of the predicate handlers) ----
+  int NounStem(Eojul& e, uint32_t mask);
+  int WholeStem(Eojul& e, uint32_t mask);
+
+  // ---- Routes not built yet (they find nothing) ----
+  int AnalyzeWhole(Eojul& e);
+  int AnalyzeMixed(Eojul& e);
+  int AnalyzeNoun(Eojul& e, int mode, int level);
+  int CommitPending(Eojul& e);
+  int AnalyzeRemainder(Eojul& e);
+  int LDrop(Eojul& e);
+  int EuDrop(Eojul& e);
+  int PuIrregular(Eojul& e);
+  int SIrregular(Eojul& e);
+  int DIrregular(Eojul& e);
+  int BIrregular(Eojul& e);
+  int ReuIrregular(Eojul& e);
+  int HaYeo(Eojul& e);
+  int ReoIrregular(Eojul& e);
+  int HIrregular(Eojul& e);
+  int AeContract(Eojul& e);
+  int WaContract(Eojul& e);
+  int WaeContract(Eojul& e);
+  int EoElided(Eojul& e, unsigned wordBits);
+  int AeElided(Eojul& e, unsigned wordBits);
+  int Copula(Eojul& e, int level);
+  int DerivedStem(Eojul& e, int level);
+  int Prefinal(Eojul& e, int level);
+  int YeoContract(Eojul& e);
+  int ContractedHa(Eojul& e, HaContraction variant);
+
+  // ---- Scoring ----
+  // Score of stored candidate `candidateIndex` of `e`; carries scoreFlow.
+  double Score(int candidateIndex, Eojul& e);
+  // Scores every unscored candidate of `e`; 0 when it has none, else 1.
+  int ScoreAllCandidates(Eojul& e);
+
+  // ---- Read access for tests and later passes ----
+  const std::vector<SearchJEInfo>& JeCandidates() const { return jeCandidates; }
+  const LevelRec& LevelAt(int k) const { return levels[k]; }
+  uint32_t FoundMask() const { return foundMask; }
+  int32_t CompoundState() const { return compoundState; }
+  int32_t VerbState() const { return verbState; }
+  int32_t NounStage() const { return nounStage; }
+  int32_t PendingNounEnding() const { return pendingNounEnding; }
+  int32_t AuxTailCount() const { return auxTailCount; }
+  const EojulPool& Pool() const { return eojulPool; }
 
   // Cuts `text` (at most the line limit) into tokens and runs FlushToken on
   // each.
@@ -94,6 +179,35 @@ class MAnalyzer : public QR_Analyzer {
   void RunLine();
   std::ostream& Output();
 
+  // Empties the pool tables of the last token.
+  void ResetEojulPool();
+  // Reads the pre-analysis entry of the surface into `e`; false when the
+  // surface has none.
+  bool ReadPreAnalysis(Eojul& e);
+  // One candidate: the surface with `pos`.
+  static void AddSurfaceCandidate(Eojul& e, uint32_t pos);
+  // The surface from analysisLength: what a glued ending carries behind it.
+  const char* RestOf(Eojul& e) const;
+  // ending = text + RestOf(e).
+  void SetEnding(LevelRec& level, const char* text, Eojul& e);
+  // The first eomi reading of a key in the order 0, 9, 5, 19, 17.
+  jeInfo FirstEomiReading(const SearchJEInfo& sjei) const;
+  // Adds the endings of levels `from` down to 0 (the empty ones skipped).
+  void AddEndings(Eojul& target, int from);
+  // A candidate of the top stem with `mask` and the endings; kCandidate.
+  int Emit(Eojul& e, uint32_t mask);
+  // As Emit, but an empty top ending stands as one "어" eomi.
+  int EmitEo(Eojul& e, uint32_t mask);
+  // The top ending becomes the fused reading; UndoFused puts it back.
+  void UseFused(Eojul& e);
+  void UndoFused();
+  // Auxiliary predicates that end the top stem: each left part goes to the
+  // auxTails table. kNoSyllable when the search could not run, else 0.
+  int AuxSplit();
+  // The end of a predicate handler: a candidate marks the predicate class
+  // in foundMask. Returns status.
+  int Finish(int status);
+
   QR_Knowledge* knowledge = nullptr;
   QR_Eojul* eojul = nullptr;
   Eojul workEojul;
@@ -102,13 +216,45 @@ class MAnalyzer : public QR_Analyzer {
   Eojul remainderEojul;
   std::vector<Eojul> sentence;
   StringEx line;
-  Level levels[kLevelCount];
+  LevelRec levels[kLevelCount];
   int32_t levelIndex = 0;
+  // Scratch strings: workText holds a handler's saved ending and the text
+  // of the unknown-word fallback; pieceText a piece of it.
+  StringEx workText;
+  StringEx pieceText;
+  EojulPool eojulPool;
+
+  // Hit lists of the suffix lists.
+  PositionList avPositions;
+  PositionList xsdPositions;
+  PositionList epPositions;
+  // Search vectors: dictionary words from byte 0 of the eojul, and the
+  // split points of the josa and eomi search.
+  std::vector<SearchInfo> wordHits;
+  std::vector<SearchJEInfo> jeCandidates;
+  // Readings of the ending under test: as written, and fused into the
+  // stem's last syllable (text null when there is none).
+  jeInfo curJe;
+  jeInfo curJongJe;
+  // The top ending and its bits while UseFused is in force.
+  uint32_t fusedSavedBits = 0;
 
   // Status fields of one token.
   int32_t analysisResult = 0;
   uint32_t foundMask = 0;
   int32_t contextCode = 0;
+  int32_t nounStage = 0;
+  int32_t nounCut = 0;
+  int32_t nounBest = -1;
+  int32_t pendingNounEnding = 0;
+  int32_t pendingNounSuffix = 0;
+  int32_t pendingNounOther = 0;
+  int32_t auxTailCount = 0;
+  int32_t compoundState = 0;
+  int32_t verbState = 0;
+  int32_t analysisLength = 0;
+  unsigned char wholeNounDone = 0;
+  int32_t scoreFlow = 0;
 
   unsigned char exOption = 0;
   bool rawOutput = false;

@@ -9,6 +9,7 @@ namespace Quorel {
 
 void MAnalyzer::AnalyzeAndSelect(Eojul& e) {
   AnalyzeEojul(e);
+  ScoreAllCandidates(e);
   if (options[0] > 0) e.SelectTop(static_cast<unsigned char>(options[0]));
   extraTop = 0;
 }
@@ -61,6 +62,7 @@ void MAnalyzer::FlushToken(const char* token, unsigned type, int tokenStart) {
   Eojul& e = *CurrentEojul();
   e.SetText(token, type);
   AnalyzeEojul(e);
+  ScoreAllCandidates(e);
   e.SetOffset(tokenStart);
   if (options[0] > 0) e.SelectTop(static_cast<unsigned char>(options[0]));
   extraTop = 0;

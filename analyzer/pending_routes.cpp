@@ -1,0 +1,64 @@
+// Analysis routes that are not built yet. Each answers "nothing found" in
+// the form its caller expects, so that the cascade runs whole and every
+// token still ends with its fall-back candidate. Replace each definition
+// here by the real route in its own file.
+#include "analyzer/m_analyzer.h"
+#include "eojul/tag_set.h"
+
+namespace Quorel {
+
+// Whole-word route not built yet: no analysis.
+int MAnalyzer::AnalyzeWhole(Eojul& /*e*/) { return 0; }
+
+// Mixed-token route not built yet: the token stands as one unregistered noun.
+int MAnalyzer::AnalyzeMixed(Eojul& e) {
+  AddSurfaceCandidate(e, Pos::NNR);
+  return 1;
+}
+
+// Noun division not built yet: workText is the divided text (the surface as
+// cut by the caller); the driver's mode leaves the whole text as one
+// unknown piece, open, when the eojul has no candidate yet (result 0);
+// otherwise no pattern (-1).
+int MAnalyzer::AnalyzeNoun(Eojul& e, int mode, int /*level*/) {
+  workText = e.GetString();
+  if (mode != 87 || e.GetListSize() > 0) return -1;
+  e.BeginCandidate();
+  e.AddMorpheme(workText.CStr(), Pos::NNR);
+  nounStage = 1;
+  return 0;
+}
+
+// Commit of the pending analyses not built yet: none committed.
+int MAnalyzer::CommitPending(Eojul& /*e*/) { return 0; }
+
+// Remainder route not built yet: no candidate.
+int MAnalyzer::AnalyzeRemainder(Eojul& /*e*/) { return 0; }
+
+// Sound-change handlers not built yet: each finds nothing.
+int MAnalyzer::LDrop(Eojul& /*e*/) { return 0; }
+int MAnalyzer::EuDrop(Eojul& /*e*/) { return 0; }
+int MAnalyzer::PuIrregular(Eojul& /*e*/) { return 0; }
+int MAnalyzer::SIrregular(Eojul& /*e*/) { return 0; }
+int MAnalyzer::DIrregular(Eojul& /*e*/) { return 0; }
+int MAnalyzer::BIrregular(Eojul& /*e*/) { return 0; }
+int MAnalyzer::ReuIrregular(Eojul& /*e*/) { return 0; }
+int MAnalyzer::HaYeo(Eojul& /*e*/) { return 0; }
+int MAnalyzer::ReoIrregular(Eojul& /*e*/) { return 0; }
+int MAnalyzer::HIrregular(Eojul& /*e*/) { return 0; }
+int MAnalyzer::AeContract(Eojul& /*e*/) { return 0; }
+int MAnalyzer::WaContract(Eojul& /*e*/) { return 0; }
+int MAnalyzer::WaeContract(Eojul& /*e*/) { return 0; }
+int MAnalyzer::EoElided(Eojul& /*e*/, unsigned /*wordBits*/) { return 0; }
+int MAnalyzer::AeElided(Eojul& /*e*/, unsigned /*wordBits*/) { return 0; }
+
+// Stem-structure handlers not built yet: each finds nothing.
+int MAnalyzer::Copula(Eojul& /*e*/, int /*level*/) { return 0; }
+int MAnalyzer::DerivedStem(Eojul& /*e*/, int /*level*/) { return 0; }
+int MAnalyzer::Prefinal(Eojul& /*e*/, int /*level*/) { return 0; }
+int MAnalyzer::YeoContract(Eojul& /*e*/) { return 0; }
+int MAnalyzer::ContractedHa(Eojul& /*e*/, HaContraction /*variant*/) {
+  return 0;
+}
+
+}  // namespace Quorel

@@ -1,0 +1,28 @@
+// The analyzer's side of the scoring: its status fields go in, the carried
+// scoreFlow comes back.
+#include "analyzer/m_analyzer.h"
+#include "tagger/score.h"
+
+namespace Quorel {
+
+double MAnalyzer::Score(int candidateIndex, Eojul& e) {
+  ScoreState state;
+  state.foundMask = foundMask;
+  state.scoreFlow = scoreFlow;
+  state.compoundTried = compoundTried;
+  double score = ScoreCandidate(e, candidateIndex, state);
+  scoreFlow = state.scoreFlow;
+  return score;
+}
+
+int MAnalyzer::ScoreAllCandidates(Eojul& e) {
+  ScoreState state;
+  state.foundMask = foundMask;
+  state.scoreFlow = scoreFlow;
+  state.compoundTried = compoundTried;
+  int result = ScoreEojul(e, state);
+  scoreFlow = state.scoreFlow;
+  return result;
+}
+
+}  // namespace Quorel
