@@ -367,6 +367,12 @@ bool Eojul::MapCandidate(int& candidate) const {
   return true;
 }
 
+int Eojul::StoredCandidate(int candidate) const {
+  if (candidate < 0) return -1;
+  if (!MapCandidate(candidate)) return -1;
+  return static_cast<uint32_t>(candidate) < StoredCount() ? candidate : -1;
+}
+
 bool Eojul::Locate(int candidate, int morpheme, uint32_t& number) {
   if (candidate < 0 || morpheme < 0) return false;
   if (static_cast<int64_t>(candidate) > static_cast<int64_t>(StoredCount()) - 1) {

@@ -102,6 +102,10 @@ class Eojul : public QR_Eojul {
   int SelectTop(unsigned char n);
 
   void AddMorphemeOffsets(short start, unsigned short end);
+  // Forgets the recorded offsets, before the offset pass records them anew.
+  void ClearOffsets() { offsetCount = 0; }
+  // The stored (0-based) number of view candidate `candidate`; -1 outside.
+  int StoredCandidate(int candidate) const;
   // 0: the surface; m >= 1: the text of morpheme pair m; null outside.
   const char* GetMorphemeAt(int m) const;
 
