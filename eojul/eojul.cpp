@@ -80,13 +80,21 @@ void Eojul::AllocateArrays(uint32_t newCapacity, bool copyOld) {
     CopyPrefix(newEnds, endOffsets, MorphemeSlots(capacity));
   }
   FreeArrays();
+  UseArrays(newCapacity, newText, newMorphemes, newCandidates, newScores,
+            newStarts, newEnds);
+}
+
+void Eojul::UseArrays(uint32_t newCapacity, char* newText,
+                      uint32_t* newMorphemes, uint32_t* newCandidates,
+                      double* newScores, int16_t* newStarts,
+                      int16_t* newEnds) {
+  capacity = newCapacity;
   text = newText;
   morphemes = newMorphemes;
   candidates = newCandidates;
   scores = newScores;
   startOffsets = newStarts;
   endOffsets = newEnds;
-  capacity = newCapacity;
 }
 
 void Eojul::Grow() { AllocateArrays(capacity * 2, true); }
@@ -117,13 +125,8 @@ void Eojul::Initialize(bool releaseMemory) {
   offsetCount = 0;
   if (releaseMemory && capacity > kInlineCapacity) {
     FreeArrays();
-    capacity = kInlineCapacity;
-    text = inlineText;
-    morphemes = inlineMorphemes;
-    candidates = inlineCandidates;
-    scores = inlineScores;
-    startOffsets = inlineStartOffsets;
-    endOffsets = inlineEndOffsets;
+    UseArrays(kInlineCapacity, inlineText, inlineMorphemes, inlineCandidates,
+              inlineScores, inlineStartOffsets, inlineEndOffsets);
   }
   text[0] = 0;
   morphemes[0] = morphemes[1] = 0;

@@ -129,6 +129,10 @@ class Eojul : public QR_Eojul {
  private:
   void AllocateArrays(uint32_t newCapacity, bool copyOld);
   void FreeArrays();
+  // Points the six arrays at the given storage of `newCapacity`.
+  void UseArrays(uint32_t newCapacity, char* newText, uint32_t* newMorphemes,
+                 uint32_t* newCandidates, double* newScores,
+                 int16_t* newStarts, int16_t* newEnds);
   void Grow();
   void EnsureTextRoom(uint32_t length);
   void EnsureMorphemeRoom();
