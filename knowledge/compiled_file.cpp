@@ -211,6 +211,46 @@ bool ReadJeRecord(ImageReader& r, JosaEomiTrieInfo& j) {
   return ok;
 }
 
+// A record array behind its count; a record that can't be written is
+// reported.
+template <class Record>
+bool WriteRecords(ImageWriter& w, const std::vector<Record>& records,
+                  bool (*write)(ImageWriter&, const Record&)) {
+  if (!w.Int32(static_cast<int32_t>(records.size()))) return false;
+  for (const Record& record : records) {
+    if (!write(w, record)) {
+      Report(kMainRecordError);
+      return false;
+    }
+  }
+  return true;
+}
+
+// A counted record array into an emptied vector. The message is reported
+// when a record can't be read (an impossible count counts as such).
+template <class Record>
+bool ReadRecords(ImageReader& r, std::vector<Record>& records,
+                 int64_t recordSize, bool (*read)(ImageReader&, Record&),
+                 const char* message) {
+  records.clear();
+  int32_t count = 0;
+  if (!r.Int32(count)) return false;
+  if (!r.Fits(count, recordSize)) {
+    Report(message);
+    return false;
+  }
+  records.reserve(static_cast<size_t>(count));
+  for (int32_t i = 0; i < count; ++i) {
+    Record record;
+    if (!read(r, record)) {
+      Report(message);
+      return false;
+    }
+    records.push_back(record);
+  }
+  return true;
+}
+
 // A text pool re-created for `size` bytes and filled from the file.
 bool ReadPool(ImageReader& r, TextPool& pool) {
   int32_t size = 0;
@@ -242,39 +282,14 @@ int ReadSections(ImageReader& r, Dictionary& d, bool withPreAnalysis) {
   }
 
   int32_t count = 0;
-  if (!r.Trie(d.mainTrie)) return 0;
-  d.mainInfos.clear();
-  if (!r.Int32(count)) return 0;
-  if (!r.Fits(count, 24)) {
-    Report(kMainRecordError);
+  if (!r.Trie(d.mainTrie) ||
+      !ReadRecords(r, d.mainInfos, 24, ReadMainRecord, kMainRecordError) ||
+      !ReadPool(r, d.mainPool)) {
     return 0;
   }
-  d.mainInfos.reserve(static_cast<size_t>(count));
-  for (int32_t i = 0; i < count; ++i) {
-    MainTrieInfo record;
-    if (!ReadMainRecord(r, record)) {
-      Report(kMainRecordError);
-      return 0;
-    }
-    d.mainInfos.push_back(record);
-  }
-  if (!ReadPool(r, d.mainPool)) return 0;
-
-  if (!r.Trie(d.jeTrie)) return 0;
-  d.jeInfos.clear();
-  if (!r.Int32(count)) return 0;
-  if (!r.Fits(count, 28)) {
-    Report(kJeReadError);
+  if (!r.Trie(d.jeTrie) ||
+      !ReadRecords(r, d.jeInfos, 28, ReadJeRecord, kJeReadError)) {
     return 0;
-  }
-  d.jeInfos.reserve(static_cast<size_t>(count));
-  for (int32_t i = 0; i < count; ++i) {
-    JosaEomiTrieInfo record;
-    if (!ReadJeRecord(r, record)) {
-      Report(kJeReadError);
-      return 0;
-    }
-    d.jeInfos.push_back(record);
   }
   if (!ReadPool(r, d.jePool.text)) return 0;
   if (!r.Count(count, 4 + 4 + 2 + 1) || !d.jePool.Reset(count + 1)) return 0;
@@ -326,22 +341,10 @@ int Dictionary::SaveCompiled(const char* directory) {
   ImageWriter w(out, littleEndian == 0);
   bool ok = w.Bytes(kBanner, sizeof kBanner) &&
             w.Bytes(kProduct, sizeof kProduct) && w.Trie(mainTrie) &&
-            w.Int32(static_cast<int32_t>(mainInfos.size()));
-  for (size_t i = 0; ok && i < mainInfos.size(); ++i) {
-    if (!WriteMainRecord(w, mainInfos[i])) {
-      Report(kMainRecordError);
-      ok = false;
-    }
-  }
-  ok = ok && w.Int32(mainPool.used) &&
-       w.Bytes(mainPool.buffer, static_cast<size_t>(mainPool.used)) &&
-       w.Trie(jeTrie) && w.Int32(static_cast<int32_t>(jeInfos.size()));
-  for (size_t i = 0; ok && i < jeInfos.size(); ++i) {
-    if (!WriteJeRecord(w, jeInfos[i])) {
-      Report(kMainRecordError);
-      ok = false;
-    }
-  }
+            WriteRecords(w, mainInfos, WriteMainRecord) &&
+            w.Int32(mainPool.used) &&
+            w.Bytes(mainPool.buffer, static_cast<size_t>(mainPool.used)) &&
+            w.Trie(jeTrie) && WriteRecords(w, jeInfos, WriteJeRecord);
   const auto n = static_cast<size_t>(jePool.count);
   ok = ok && w.Int32(jePool.text.used) &&
        w.Bytes(jePool.text.buffer, static_cast<size_t>(jePool.text.used)) &&

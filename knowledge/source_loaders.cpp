@@ -51,6 +51,35 @@ int32_t MainTrieInfo::*ExtraTextField(const char* tag) {
   return nullptr;
 }
 
+// Opens a frequency file and makes its trie afresh; null when either fails,
+// with the loader's result in `failure` (-1 unreadable, 0 no trie).
+std::FILE* OpenFrequencyFile(const char* file, QR_DaTrie& trie,
+                             int& failure) {
+  failure = -1;
+  std::FILE* in = std::fopen(file, "rb");
+  if (in == nullptr) return nullptr;
+  if (trie.Create(Dictionary::kTrieSize, Dictionary::kTrieSize,
+                  Dictionary::kTrieSize, Dictionary::kTrieSize) < 0) {
+    Report("Can't create trie. So dictonaries are not created...");
+    std::fclose(in);
+    failure = 0;
+    return nullptr;
+  }
+  return in;
+}
+
+// Stores slot n under key; false when the trie takes no key.
+bool KeepSlot(QR_DaTrie& trie, const char* key, int32_t n) {
+  TrieNode node;
+  if (trie.Insert(key, node) == 0) return false;
+  QR_DaTrie::SetValue(node, n);
+  return true;
+}
+
+void ReportFull(const char* file) {
+  Report("Too many lines in ", file, ", the rest is not loaded..");
+}
+
 bool TakesMask(const char* tag) {
   static const char* const kTags[] = {"NNG", "NP", "NNI", "MA", "MM", "IC",
                                       "VV",  "VA", "VX",  "NNB", "NNP",
@@ -260,13 +289,11 @@ int Dictionary::LoadList(const char* file, const char* listName) {
     const char* end = begin + line.Length();
     Trim(begin, end);
     key.Assign(begin, static_cast<int32_t>(end - begin));
-    TrieNode node;
-    if (trie->Insert(key.CStr(), node) == 0) {
+    if (!KeepSlot(*trie, key.CStr(), c + 1)) {
       Report("Error in reading the ", listName, " list..", line.CStr());
       continue;
     }
     ++c;
-    QR_DaTrie::SetValue(node, c);
   }
   std::fclose(in);
   *size = c;
@@ -274,14 +301,9 @@ int Dictionary::LoadList(const char* file, const char* listName) {
 }
 
 int Dictionary::LoadDivInfo(const char* file) {
-  std::FILE* in = std::fopen(file, "rb");
-  if (in == nullptr) return -1;
-  divTrie.Clear();
-  if (divTrie.Create(kTrieSize, kTrieSize, kTrieSize, kTrieSize) < 0) {
-    Report("Can't create trie. So dictonaries are not created...");
-    std::fclose(in);
-    return 0;
-  }
+  int failure = 0;
+  std::FILE* in = OpenFrequencyFile(file, divTrie, failure);
+  if (in == nullptr) return failure;
   delete[] divInfo;
   divInfo = new int32_t[kMaxDivInfo]();
   int32_t n = 0;
@@ -294,16 +316,13 @@ int Dictionary::LoadDivInfo(const char* file) {
     char* third = second ? NextToken(rest, "\n") : nullptr;
     if (third == nullptr) continue;
     if (n >= kMaxDivInfo) {
-      Report("Too many lines in ", file, ", the rest is not loaded..");
+      ReportFull(file);
       break;
     }
     divInfo[n] = ParseInt(third, 10);
     if (divInfo[n] <= 99) continue;
     std::snprintf(key, sizeof key, "%s%s", first, second);
-    TrieNode node;
-    if (divTrie.Insert(key, node) == 0) continue;
-    QR_DaTrie::SetValue(node, n);
-    ++n;
+    if (KeepSlot(divTrie, key, n)) ++n;
   }
   std::fclose(in);
   sizeDivInfo = n;
@@ -311,14 +330,9 @@ int Dictionary::LoadDivInfo(const char* file) {
 }
 
 int Dictionary::LoadPosInfo(const char* file) {
-  std::FILE* in = std::fopen(file, "rb");
-  if (in == nullptr) return -1;
-  posTrie.Clear();
-  if (posTrie.Create(kTrieSize, kTrieSize, kTrieSize, kTrieSize) < 0) {
-    Report("Can't create trie. So dictonaries are not created...");
-    std::fclose(in);
-    return 0;
-  }
+  int failure = 0;
+  std::FILE* in = OpenFrequencyFile(file, posTrie, failure);
+  if (in == nullptr) return failure;
   delete[] posInfo;
   posInfo = new PosInfoRec[kMaxPosInfo]();
   int32_t n = 0;
@@ -332,7 +346,7 @@ int Dictionary::LoadPosInfo(const char* file) {
     counts[2] = counts[1] ? NextToken(rest, "\n") : nullptr;
     if (counts[2] == nullptr || std::strlen(key) < 3) continue;
     if (n >= kMaxPosInfo) {
-      Report("Too many lines in ", file, ", the rest is not loaded..");
+      ReportFull(file);
       break;
     }
     int64_t sum = 0;
@@ -342,10 +356,7 @@ int Dictionary::LoadPosInfo(const char* file) {
       sum += count;
     }
     if (sum < 100) continue;
-    TrieNode node;
-    if (posTrie.Insert(key, node) == 0) continue;
-    QR_DaTrie::SetValue(node, n);
-    ++n;
+    if (KeepSlot(posTrie, key, n)) ++n;
   }
   std::fclose(in);
   sizePosInfo = n;
