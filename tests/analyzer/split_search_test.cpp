@@ -1,0 +1,163 @@
+// The josa and eomi search over small CP949 knowledge: split points, the
+// JX chain, the josa and eomi routes, the stored stems and the readings.
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "analyzer/driver_helpers.h"
+#include "eojul/tag_set.h"
+
+namespace Quorel {
+namespace {
+
+using testing_driver::Candidates;
+using testing_driver::Cp949;
+using testing_driver::DriverFixture;
+using testing_driver::SmallKnowledge;
+using testing_driver::Utf8;
+
+constexpr unsigned kHangul = EojulType::kDoubleByte;
+
+class SplitSearchTest : public ::testing::Test {
+ protected:
+  SplitSearchTest() : fixture(SmallKnowledge()) {}
+
+  // Split points of `utf8` as (start of the ending, reserved) pairs.
+  std::vector<std::pair<int, int>> Splits(const std::string& utf8,
+                                          bool rePass) {
+    Eojul& e = *fixture.analyzer.CurrentEojul();
+    e.SetText(Cp949(utf8).c_str(), kHangul);
+    fixture.analyzer.SearchSplits(e, rePass);
+    std::vector<std::pair<int, int>> all;
+    for (const SearchJEInfo& s : fixture.analyzer.JeCandidates()) {
+      all.emplace_back(s.length, s.reserved);
+    }
+    return all;
+  }
+
+  DriverFixture fixture;
+};
+
+using Splits_ = std::vector<std::pair<int, int>>;
+
+TEST_F(SplitSearchTest, SplitPointsStartAfterTheFirstSyllable) {
+  EXPECT_TRUE(Splits("가", false).empty());
+  EXPECT_EQ(Splits("학교가", false), (Splits_{{4, 0}}));
+  EXPECT_EQ(Splits("먹는다", false), (Splits_{{2, 0}, {4, 0}}));
+}
+
+TEST_F(SplitSearchTest, JxChainIsOneSplitWithItsFirstKeyEnd) {
+  // 에서 + 도 from byte 4: reserved marks the end of 에서; 도 alone too.
+  EXPECT_EQ(Splits("학교에서도", false), (Splits_{{4, 8}, {8, 0}}));
+  // A re-analysis pass takes no chain.
+  EXPECT_EQ(Splits("학교에서도", true), (Splits_{{8, 0}}));
+}
+
+TEST_F(SplitSearchTest, DoubledJosaIsNoFirstKey) {
+  EXPECT_EQ(Splits("학교도도", false), (Splits_{{6, 0}}));
+}
+
+TEST_F(SplitSearchTest, NounWithJosa) {
+  Eojul& e = fixture.Run("학교가");
+  EXPECT_EQ(Candidates(e), (std::vector<std::string>{"학교/NNG+가/J_"}));
+  EXPECT_EQ(e.GetPOS(0, 1), Pos::J_);
+  EXPECT_DOUBLE_EQ(e.GetScore(0), 1.0);  // a sole candidate
+  EXPECT_EQ(fixture.analyzer.FoundMask() & 0x40800000u, 0x40800000u);
+}
+
+TEST_F(SplitSearchTest, JxChainStaysGluedBehindTheFirstReading) {
+  Eojul& e = fixture.Run("학교에서도");
+  EXPECT_EQ(Candidates(e), (std::vector<std::string>{"학교/NNG+에서도/J_"}));
+}
+
+TEST_F(SplitSearchTest, JosaAfterAClosedStemIsRefused) {
+  // 를 follows an open stem; 이 does not, so the noun route never runs and
+  // the token falls back to the unknown word.
+  Eojul& e = fixture.Run("사과를");
+  EXPECT_EQ(Candidates(e), (std::vector<std::string>{"사과/NNG+를/J_"}));
+  Eojul& refused = fixture.Run("학교이");
+  EXPECT_EQ(Candidates(refused), (std::vector<std::string>{"학교이/NNR"}));
+}
+
+TEST_F(SplitSearchTest, NounStemEmitsEachClassOfTheWord) {
+  Eojul& e = fixture.Run("나는");
+  EXPECT_EQ(Candidates(e),
+            (std::vector<std::string>{"나/NNG+는/J_", "나/NP+는/J_"}));
+  // Both are scored: a noun and a josa were met, so each noun pays 1.35.
+  EXPECT_NEAR(e.GetScore(0), (0.6 * (2 * 0.31)) * 0.8 * 1.35 + 0.15, 1e-12);
+  EXPECT_NEAR(e.GetScore(1), 0.4 * (2 * 0.31) * 1.35 + 0.15, 1e-12);
+}
+
+TEST_F(SplitSearchTest, PredicateWithAPlainEomi) {
+  Eojul& e = fixture.Run("먹다");
+  ASSERT_EQ(e.GetListSize(), 1);
+  EXPECT_EQ(Utf8(e.GetLexicon(0, 0)), "먹");
+  EXPECT_EQ(e.GetPOS(0, 0), Pos::VV);
+  EXPECT_EQ(Utf8(e.GetLexicon(0, 1)), "다");
+  EXPECT_EQ(e.GetPOS(0, 1), Pos::EM);
+  EXPECT_NE(fixture.analyzer.FoundMask() & Pos::V_, 0u);
+
+  Eojul& longer = fixture.Run("먹는다");
+  EXPECT_EQ(Candidates(longer), (std::vector<std::string>{"먹/VV+는다/EM"}));
+}
+
+TEST_F(SplitSearchTest, FusedReadingGivesTheFinalBackToTheEnding) {
+  Eojul& e = fixture.Run("간다");
+  EXPECT_EQ(Candidates(e), (std::vector<std::string>{"가/VV+ㄴ다/EM"}));
+}
+
+TEST_F(SplitSearchTest, UnexplainedStemBeforeAJosaIsStored) {
+  int result = -1;
+  fixture.Analyze("먹어가", kHangul, &result);
+  EXPECT_EQ(result, 0);
+  ASSERT_EQ(fixture.analyzer.PendingNounEnding(), 1);
+  const StemEnd& stem = fixture.analyzer.Pool().stemEnds[0];
+  EXPECT_EQ(stem.length, 4);
+  ASSERT_NE(stem.reading.text, nullptr);
+  EXPECT_EQ(Utf8(stem.reading.text), "가");
+}
+
+TEST_F(SplitSearchTest, OpenAFinalSyllableTriesTheAuxiliarySplit) {
+  // 가 is an auxiliary after 먹어: the left part waits for re-analysis.
+  fixture.Analyze("먹어가", kHangul);
+  ASSERT_EQ(fixture.analyzer.AuxTailCount(), 1);
+  Eojul& tail = const_cast<Eojul&>(fixture.analyzer.Pool().auxTails[0]);
+  EXPECT_EQ(Utf8(tail.GetString()), "먹어");
+  EXPECT_EQ(Candidates(tail), (std::vector<std::string>{"가/VX+어/EM"}));
+  // The next token starts with empty tables.
+  fixture.Analyze("학교가", kHangul);
+  EXPECT_EQ(fixture.analyzer.AuxTailCount(), 0);
+  EXPECT_EQ(fixture.analyzer.PendingNounEnding(), 0);
+}
+
+TEST_F(SplitSearchTest, LevelZeroHoldsTheGluedEnding) {
+  Eojul& e = *fixture.analyzer.CurrentEojul();
+  e.SetText(Cp949("학교에서도").c_str(), kHangul);
+  fixture.analyzer.AnalyzeEojul(e);
+  // The last split analysed was 도 after 학교에서, which found nothing: its
+  // josa bits are gone from the level, the rest of the mask stays.
+  const LevelRec& level = fixture.analyzer.LevelAt(0);
+  EXPECT_EQ(Utf8(level.stem.CStr()), "학교에서");
+  EXPECT_EQ(Utf8(level.ending.CStr()), "도");
+  EXPECT_EQ(level.endingBits, 0u);
+}
+
+TEST_F(SplitSearchTest, BareEomiReadings) {
+  EXPECT_EQ(Utf8(fixture.analyzer.BareEomi(5).text), "ㄴ");
+  EXPECT_EQ(Utf8(fixture.analyzer.BareEomi(9).text), "ㄹ");
+  EXPECT_EQ(Utf8(fixture.analyzer.BareEomi(17).text), "ㅁ");
+  EXPECT_EQ(fixture.analyzer.BareEomi(19).text, nullptr);
+  EXPECT_EQ(fixture.analyzer.BareEomi(1).text, nullptr);
+}
+
+TEST_F(SplitSearchTest, CheckJoinRefusesEuAfterAnOpenStem) {
+  EXPECT_FALSE(MAnalyzer::CheckJoin(Cp949("가").c_str(), Cp949("으면").c_str()));
+  EXPECT_FALSE(MAnalyzer::CheckJoin(Cp949("가").c_str(), Cp949("은").c_str()));
+  EXPECT_TRUE(MAnalyzer::CheckJoin(Cp949("먹").c_str(), Cp949("으면").c_str()));
+  EXPECT_TRUE(MAnalyzer::CheckJoin(Cp949("가").c_str(), Cp949("면").c_str()));
+  EXPECT_FALSE(MAnalyzer::CheckJoin("", Cp949("다").c_str()));
+  EXPECT_FALSE(MAnalyzer::CheckJoin(Cp949("가").c_str(), "x"));
+}
+
+}  // namespace
+}  // namespace Quorel
