@@ -1,167 +1,170 @@
-// qrl: analyse Korean text from the command line.
+// qrl: the command-line face of the analyzer.
 //
-// Reads UTF-8 text from the named files or standard input, analyses it line
-// by line and writes one result per eojul to standard output in UTF-8.
-#include <cstdio>
-#include <cstring>
-#include <fstream>
+// Without a sub-command it analyses UTF-8 text from the named files or
+// standard input and writes one result per eojul to standard output; the
+// sub-commands compile knowledge, scramble synonym files and look words up
+// in stop-word and synonym lists. Errors go to standard error with a
+// non-zero exit status (1 for unusable files, 2 for bad usage).
+#include <cstdlib>
 #include <iostream>
-#include <memory>
-#include <sstream>
 #include <string>
-#include <vector>
 
-#include "eojul/eojul.h"
-#include "qrlsl/qrlsl.h"
-#include "text/charset.h"
+#include "tools/qrl/analysis.h"
+#include "tools/qrl/commands.h"
 
 namespace {
 
+using Quorel::cli::AnalysisSettings;
+using Quorel::cli::Arguments;
+using Quorel::cli::Fail;
+
 const char kUsage[] =
-    "Usage: qrl [options] [file...]\n"
-    "Analyse UTF-8 Korean text (files, or standard input) and print one\n"
-    "result per eojul.\n"
+    "Usage: qrl [options] [FILE...]     analyse text, one result per eojul\n"
+    "       qrl compile DIR [OUT]       source dictionaries of DIR into\n"
+    "                                   OUT/qrl.klg (OUT defaults to DIR)\n"
+    "       qrl scramble FILE           scrambled form of a synonym file,\n"
+    "                                   written beside it as *.bin\n"
+    "       qrl stopword FILE WORD...   WORD<TAB>1 or 0 per word\n"
+    "       qrl synonym FILE WORD...    WORD<TAB>member... per group\n"
+    "                                   (FILE *.bin: scrambled)\n"
     "\n"
-    "  -k, --knowledge DIR  knowledge directory (qrl.klg, or the source\n"
-    "                       dictionaries); default: knowledge/ when present\n"
-    "  -n, --candidates N   candidates to keep per eojul (0: all; default 0)\n"
-    "  -f, --format FORM    full | compact | tsv (default full)\n"
-    "  -o, --option N=V     set analyzer option N (0-19) to V\n"
-    "  -h, --help           show this help\n";
+    "Text is read from the FILEs, or standard input when there are none or\n"
+    "FILE is \"-\", in UTF-8; results are written in UTF-8. User files may be\n"
+    "UTF-8 or CP949.\n"
+    "\n"
+    "Options of the analysis:\n"
+    "  -k, --knowledge DIR     knowledge directory (its qrl.klg, else its\n"
+    "                          source dictionaries); default: knowledge/ here\n"
+    "                          or beside the executable, else empty knowledge\n"
+    "  -f, --format FORM       full | compact | tsv | json | index\n"
+    "                          (default full)\n"
+    "  -i, --index-words       same as --format index: per eojul the\n"
+    "                          morphemes that are index words\n"
+    "  -n, --candidates N      candidates kept per eojul, best first\n"
+    "                          (0: all, in stored order; default 0)\n"
+    "  -t, --tagging MODE      run the tagger: 0 (rules) or 1 (statistics)\n"
+    "  -o, --option N=V        analyzer option N (0-19) set to V; repeatable\n"
+    "  -u, --user-nouns FILE   add the user nouns of FILE; repeatable\n"
+    "  -p, --pre-analysis FILE add the pre-analysed eojuls of FILE; repeatable\n"
+    "      --raw               ignore pre-analysis entries\n"
+    "      --no-progress       no progress bar (otherwise shown for files of\n"
+    "                          1 MB or more when stderr is a terminal)\n"
+    "  -h, --help              show this help\n"
+    "\n"
+    "Forms: full and compact are the analyzer's own; tsv is the surface, then\n"
+    "one column per candidate of lexicon/TAG joined by \"+\"; json is one\n"
+    "object per eojul with offsets, scores, tags, POS masks and index flags;\n"
+    "index is the surface, then its index words.\n";
 
-// Owned byte strings of the converter.
-std::string Convert(const char* text, const char* from, const char* to) {
-  Quorel::WideChar* wide = Quorel::ToWide(text, from);
-  char* bytes = Quorel::FromWide(wide, to);
-  std::string result = bytes == nullptr ? "" : bytes;
-  Quorel::FreeBytes(bytes);
-  Quorel::FreeWide(wide);
-  return result;
-}
-
-bool FileExists(const std::string& path) {
-  std::ifstream in(path);
-  return in.good();
-}
-
-struct Settings {
-  std::string knowledgeDir;
-  int candidates = 0;
-  std::string format = "full";
-  std::vector<std::pair<int, int>> options;
-  std::vector<std::string> files;
-};
-
-int Fail(const std::string& message) {
-  std::cerr << "qrl: " << message << "\n";
-  return 2;
-}
-
-void PrintEojul(Quorel::Eojul& e, const std::string& format) {
-  if (format == "tsv") {
-    std::string line = e.GetString();
-    line += "\t";
-    int best = e.GetListSize() > 0 ? 0 : -1;
-    for (int m = 0; best >= 0 && m < e.GetCount(best); ++m) {
-      if (m > 0) line += "+";
-      line += e.GetLexicon(best, m);
-      line += "/";
-      line += e.GetStrPOS(best, m);
-    }
-    std::cout << Convert(line.c_str(), "cp949", "utf-8") << "\n";
-    return;
+// Strict decimal integer; false on anything else.
+bool ParseInt(const std::string& text, int& value) {
+  if (text.empty()) return false;
+  char* end = nullptr;
+  long parsed = std::strtol(text.c_str(), &end, 10);
+  if (*end != 0 || parsed < -2147483647L - 1 || parsed > 2147483647L) {
+    return false;
   }
-  std::ostringstream out;
-  e.Print(out, format == "compact");
-  std::cout << Convert(out.str().c_str(), "cp949", "utf-8");
+  value = static_cast<int>(parsed);
+  return true;
 }
 
-int Analyse(Quorel::QR_Analyzer& analyzer, std::istream& in,
-            const std::string& format) {
-  std::string line;
-  while (std::getline(in, line)) {
-    std::string cp949 = Convert(line.c_str(), "utf-8", "cp949");
-    analyzer.RunWithString(cp949.c_str());
-    int count = analyzer.GetEojulCountInSentence();
-    for (int i = 0; i < count; ++i) {
-      auto* e = static_cast<Quorel::Eojul*>(analyzer.GetEojulInSentence(i));
-      PrintEojul(*e, format);
+bool ParseOption(const std::string& text, std::pair<int, int>& option) {
+  size_t equals = text.find('=');
+  return equals != std::string::npos &&
+         ParseInt(text.substr(0, equals), option.first) &&
+         ParseInt(text.substr(equals + 1), option.second) &&
+         option.first >= 0 && option.first <= 19;
+}
+
+// Reads the options of the analysis into `settings`; the exit status of a
+// failure, or -1 to go on.
+int ParseAnalysis(int argc, char** argv, AnalysisSettings& settings) {
+  bool onlyFiles = false;
+  for (int i = 1; i < argc; ++i) {
+    std::string arg = argv[i];
+    if (onlyFiles || arg == "-" || arg.empty() || arg[0] != '-') {
+      settings.inputs.push_back(arg);
+      continue;
+    }
+    std::string value;
+    bool inlineValue = false;
+    size_t equals = arg.find('=');
+    if (arg.compare(0, 2, "--") == 0 && equals != std::string::npos) {
+      value = arg.substr(equals + 1);
+      arg.erase(equals);
+      inlineValue = true;
+    }
+    // The value of an option that takes one: inline, or the next word.
+    auto next = [&](std::string& out) {
+      if (inlineValue) {
+        out = value;
+        return true;
+      }
+      if (i + 1 >= argc) return false;
+      out = argv[++i];
+      return true;
+    };
+    std::string v;
+    if (arg == "--") {
+      onlyFiles = true;
+    } else if (arg == "-h" || arg == "--help") {
+      std::cout << kUsage;
+      return 0;
+    } else if (arg == "-i" || arg == "--index-words") {
+      settings.format = Quorel::cli::Format::kIndex;
+    } else if (arg == "--raw") {
+      settings.raw = true;
+    } else if (arg == "--no-progress") {
+      settings.progress = false;
+    } else if (arg == "-k" || arg == "--knowledge") {
+      if (!next(settings.knowledgeDirectory)) return Fail(arg + " needs a directory", 2);
+    } else if (arg == "-f" || arg == "--format") {
+      if (!next(v) || !Quorel::cli::ParseFormat(v, settings.format)) {
+        return Fail(arg + " takes full, compact, tsv, json or index", 2);
+      }
+    } else if (arg == "-n" || arg == "--candidates") {
+      if (!next(v) || !ParseInt(v, settings.candidates) ||
+          settings.candidates < 0 || settings.candidates > 127) {
+        return Fail(arg + " takes a number from 0 to 127", 2);
+      }
+    } else if (arg == "-t" || arg == "--tagging") {
+      if (!next(v) || (v != "0" && v != "1")) {
+        return Fail(arg + " takes the mode 0 or 1", 2);
+      }
+      settings.taggingMode = v[0] - '0';
+    } else if (arg == "-o" || arg == "--option") {
+      std::pair<int, int> option;
+      if (!next(v) || !ParseOption(v, option)) {
+        return Fail(arg + " takes N=V with N from 0 to 19", 2);
+      }
+      settings.options.push_back(option);
+    } else if (arg == "-u" || arg == "--user-nouns") {
+      if (!next(v)) return Fail(arg + " needs a file", 2);
+      settings.userNounFiles.push_back(v);
+    } else if (arg == "-p" || arg == "--pre-analysis") {
+      if (!next(v)) return Fail(arg + " needs a file", 2);
+      settings.preAnalysisFiles.push_back(v);
+    } else {
+      return Fail("unknown option " + arg + " (see qrl --help)", 2);
     }
   }
-  return 0;
+  return -1;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  Settings settings;
-  for (int i = 1; i < argc; ++i) {
-    std::string arg = argv[i];
-    auto value = [&](const char* name) -> const char* {
-      if (i + 1 >= argc) return nullptr;
-      (void)name;
-      return argv[++i];
-    };
-    if (arg == "-h" || arg == "--help") {
-      std::cout << kUsage;
-      return 0;
-    } else if (arg == "-k" || arg == "--knowledge") {
-      const char* v = value("knowledge");
-      if (v == nullptr) return Fail("missing directory after " + arg);
-      settings.knowledgeDir = v;
-    } else if (arg == "-n" || arg == "--candidates") {
-      const char* v = value("candidates");
-      if (v == nullptr) return Fail("missing number after " + arg);
-      settings.candidates = std::atoi(v);
-    } else if (arg == "-f" || arg == "--format") {
-      const char* v = value("format");
-      if (v == nullptr) return Fail("missing form after " + arg);
-      settings.format = v;
-      if (settings.format != "full" && settings.format != "compact" &&
-          settings.format != "tsv") {
-        return Fail("unknown format: " + settings.format);
-      }
-    } else if (arg == "-o" || arg == "--option") {
-      const char* v = value("option");
-      int option = 0;
-      int number = 0;
-      if (v == nullptr || std::sscanf(v, "%d=%d", &option, &number) != 2) {
-        return Fail("options are given as N=V");
-      }
-      settings.options.emplace_back(option, number);
-    } else if (!arg.empty() && arg[0] == '-' && arg != "-") {
-      return Fail("unknown option " + arg + " (see --help)");
-    } else {
-      settings.files.push_back(arg);
-    }
+  std::ios::sync_with_stdio(false);
+  if (argc >= 2) {
+    const std::string command = argv[1];
+    const Arguments rest(argv + 2, argv + argc);
+    if (command == "compile") return Quorel::cli::RunCompile(rest);
+    if (command == "scramble") return Quorel::cli::RunScramble(rest);
+    if (command == "stopword") return Quorel::cli::RunStopWord(rest);
+    if (command == "synonym") return Quorel::cli::RunSynonym(rest);
   }
-  if (settings.knowledgeDir.empty() && FileExists("knowledge/qrl.klg")) {
-    settings.knowledgeDir = "knowledge";
-  }
-
-  std::unique_ptr<Quorel::QR_Knowledge> knowledge(Quorel::CreateKnowledge(false));
-  if (!settings.knowledgeDir.empty()) {
-    bool compiled = FileExists(settings.knowledgeDir + "/qrl.klg");
-    if (knowledge->LoadKnowledge(settings.knowledgeDir.c_str(), compiled, true) < 1) {
-      return Fail("can't load the knowledge in " + settings.knowledgeDir);
-    }
-  }
-  std::unique_ptr<Quorel::QR_Analyzer> analyzer(Quorel::CreateAnalyzer(knowledge.get()));
-  analyzer->SetExOption(1);
-  analyzer->SetOption(0, settings.candidates);
-  for (const auto& option : settings.options) {
-    analyzer->SetOption(option.first, option.second);
-  }
-
-  if (settings.files.empty()) return Analyse(*analyzer, std::cin, settings.format);
-  for (const std::string& file : settings.files) {
-    if (file == "-") {
-      Analyse(*analyzer, std::cin, settings.format);
-      continue;
-    }
-    std::ifstream in(file);
-    if (!in) return Fail("can't open " + file);
-    Analyse(*analyzer, in, settings.format);
-  }
-  return 0;
+  AnalysisSettings settings;
+  int status = ParseAnalysis(argc, argv, settings);
+  if (status >= 0) return status;
+  return Quorel::cli::RunAnalysis(settings);
 }

@@ -1,0 +1,169 @@
+// One analyzer over one knowledge object; input read line by line, each line
+// converted to CP949, analysed (and tagged), and its eojuls written out.
+#include "tools/qrl/analysis.h"
+
+#include <sys/stat.h>
+
+#include <fstream>
+#include <iostream>
+#include <memory>
+#include <string_view>
+
+#include "analyzer/m_analyzer.h"
+#include "qrlsl/qrlsl.h"
+#include "tools/qrl/commands.h"
+#include "tools/qrl/knowledge_setup.h"
+#include "tools/qrl/progress.h"
+#include "tools/qrl/recode.h"
+
+namespace Quorel {
+namespace cli {
+
+namespace {
+
+// Longest piece of a line handed to the analyzer at once, in UTF-8 bytes;
+// its CP949 form is no longer, and stays inside the analyzer's line buffer.
+constexpr size_t kPieceLimit = 60000;
+// Files from this size on get a progress bar.
+constexpr uint64_t kProgressFrom = 1 << 20;
+
+class Session {
+ public:
+  explicit Session(const AnalysisSettings& settings)
+      : settings(settings), writer(std::cout, settings.format) {}
+
+  // Loads the knowledge and the user files, and sets up the analyzer.
+  bool Start();
+  void AnalyseStream(std::istream& in, Progress& progress);
+
+ private:
+  void AnalyseLine(std::string_view line);
+  void AnalysePiece(std::string_view piece);
+
+  const AnalysisSettings& settings;
+  std::unique_ptr<QR_Knowledge> knowledge;
+  std::unique_ptr<QR_Analyzer> analyzer;
+  EojulWriter writer;
+  Recoder recoder;
+  std::string piece;
+  int narrowing = 0;
+};
+
+bool Session::Start() {
+  knowledge.reset(CreateKnowledge(false));
+  std::string directory = settings.knowledgeDirectory;
+  if (directory.empty()) directory = FindKnowledgeDirectory();
+  std::string error;
+  if (directory.empty()) {
+    std::cerr << "qrl: no knowledge found (knowledge/qrl.klg here or beside "
+                 "the executable); analysing with empty knowledge\n";
+  } else if (!LoadKnowledgeDirectory(*knowledge, directory, error)) {
+    Fail(error);
+    return false;
+  }
+  for (const std::string& file : settings.userNounFiles) {
+    if (!LoadUserFile(*knowledge, file, UserFile::kUserNouns, error)) {
+      Fail(error);
+      return false;
+    }
+  }
+  for (const std::string& file : settings.preAnalysisFiles) {
+    if (!LoadUserFile(*knowledge, file, UserFile::kPreAnalysis, error)) {
+      Fail(error);
+      return false;
+    }
+  }
+  if (settings.taggingMode == 1 && !directory.empty()) {
+    LoadTaggerKnowledge(*knowledge, directory);
+  }
+
+  analyzer.reset(CreateAnalyzer(knowledge.get()));
+  analyzer->SetExOption(ExOption::kKeepSentence);
+  if (settings.raw) analyzer->SetRawOutput();
+  analyzer->SetOption(0, settings.candidates);
+  for (const auto& option : settings.options) {
+    analyzer->SetOption(option.first, option.second);
+  }
+  // The sentence holds copies that show every candidate; the number the
+  // analyzer narrows to (options 14 and 15 may have raised it) is applied
+  // again on each of them.
+  narrowing = static_cast<MAnalyzer&>(*analyzer).Option(0);
+  return true;
+}
+
+void Session::AnalyseStream(std::istream& in, Progress& progress) {
+  std::string line;
+  while (std::getline(in, line)) {
+    progress.Advance(line.size() + 1);
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    AnalyseLine(line);
+  }
+  std::cout.flush();
+}
+
+// A line too long for the analyzer goes in pieces, cut at a blank where
+// there is one, else at a character boundary. Offsets restart per piece.
+void Session::AnalyseLine(std::string_view line) {
+  while (line.size() > kPieceLimit) {
+    size_t cut = line.find_last_of(" \t", kPieceLimit);
+    if (cut == std::string_view::npos || cut == 0) {
+      cut = kPieceLimit;
+      while (cut > 0 && (static_cast<unsigned char>(line[cut]) & 0xC0) == 0x80) {
+        --cut;
+      }
+    }
+    AnalysePiece(line.substr(0, cut));
+    line.remove_prefix(cut);
+  }
+  AnalysePiece(line);
+}
+
+void Session::AnalysePiece(std::string_view text) {
+  piece.assign(text.data(), text.size());
+  const std::string& cp949 = recoder.ToCp949(piece.c_str());
+  // An empty text leaves the previous sentence in place: nothing to write.
+  if (cp949.empty()) return;
+  analyzer->RunWithString(cp949.c_str());
+  if (settings.taggingMode >= 0) analyzer->Tagging(settings.taggingMode);
+  int count = analyzer->GetEojulCountInSentence();
+  for (int i = 0; i < count; ++i) {
+    auto& e = static_cast<Eojul&>(*analyzer->GetEojulInSentence(i));
+    if (narrowing > 0) e.SelectTop(static_cast<unsigned char>(narrowing));
+    writer.Write(e, analyzer->GetEojulOffsetInSentence(i));
+  }
+}
+
+uint64_t FileSize(const std::string& path) {
+  struct stat info;
+  if (stat(path.c_str(), &info) != 0 || !S_ISREG(info.st_mode)) return 0;
+  return static_cast<uint64_t>(info.st_size);
+}
+
+}  // namespace
+
+int RunAnalysis(const AnalysisSettings& settings) {
+  Session session(settings);
+  if (!session.Start()) return 1;
+  int status = 0;
+  std::vector<std::string> inputs = settings.inputs;
+  if (inputs.empty()) inputs.push_back("-");
+  for (const std::string& input : inputs) {
+    if (input == "-") {
+      Progress none("", 0, false);
+      session.AnalyseStream(std::cin, none);
+      continue;
+    }
+    std::ifstream in(input, std::ios::binary);
+    if (!in) {
+      status = Fail("can't open " + input);
+      continue;
+    }
+    uint64_t size = FileSize(input);
+    Progress progress(input, size, settings.progress && size >= kProgressFrom);
+    session.AnalyseStream(in, progress);
+  }
+  return status;
+}
+
+}  // namespace cli
+}  // namespace Quorel
