@@ -13,6 +13,18 @@ namespace {
 // The fixed weights of the statistical tagger that every Java host gets.
 constexpr double kTaggerWeights[5] = {550.96, 370.28, 54.11, 8.8, 50.0};
 
+// The loads of a file path/fileName with a flag (user nouns, pre-analysis).
+jint LoadListFile(JNIEnv* env, jstring path, jstring fileName, jboolean flag,
+                  jlong self,
+                  int (QR_Knowledge::*load)(const char*, const char*, bool)) {
+  return Shielded(jint{0}, [&] {
+    PathArgument directory(env, path);
+    PathArgument file(env, fileName);
+    return (FromHandle<QR_Knowledge>(self)->*load)(
+        directory.CStr(), file.CStr(), flag != JNI_FALSE);
+  });
+}
+
 }  // namespace
 
 QRLSL_NATIVE jlong JNICALL
@@ -44,23 +56,15 @@ QRLSL_NATIVE jint JNICALL Java_quorel_engine_QR_1Knowledge_jniLoadKnowledge(
 QRLSL_NATIVE jint JNICALL Java_quorel_engine_QR_1Knowledge_jniLoadUserNoun(
     JNIEnv* env, jobject, jstring path, jstring fileName, jboolean flag,
     jlong self) {
-  return Shielded(jint{0}, [&] {
-    PathArgument directory(env, path);
-    PathArgument file(env, fileName);
-    return FromHandle<QR_Knowledge>(self)->LoadUserNoun(
-        directory.CStr(), file.CStr(), flag != JNI_FALSE);
-  });
+  return LoadListFile(env, path, fileName, flag, self,
+                      &QR_Knowledge::LoadUserNoun);
 }
 
 QRLSL_NATIVE jint JNICALL Java_quorel_engine_QR_1Knowledge_jniLoadPreAnalysis(
     JNIEnv* env, jobject, jstring path, jstring fileName, jboolean overwrite,
     jlong self) {
-  return Shielded(jint{0}, [&] {
-    PathArgument directory(env, path);
-    PathArgument file(env, fileName);
-    return FromHandle<QR_Knowledge>(self)->LoadPreAnalysis(
-        directory.CStr(), file.CStr(), overwrite != JNI_FALSE);
-  });
+  return LoadListFile(env, path, fileName, overwrite, self,
+                      &QR_Knowledge::LoadPreAnalysis);
 }
 
 QRLSL_NATIVE void JNICALL Java_quorel_engine_QR_1Knowledge_jniLoadTaggerInfo(

@@ -62,6 +62,17 @@ jobject Checked(JNIEnv* env, jobject result) {
   return result;
 }
 
+// Runs `call` with the charset's name as a Java string, and gives its checked
+// result.
+template <typename F>
+jobject WithCharsetName(JNIEnv* env, const char* charset, F&& call) {
+  jstring name = env->NewStringUTF(charset);
+  if (name == nullptr) return Checked(env, nullptr);
+  jobject result = Checked(env, call(name));
+  env->DeleteLocalRef(name);
+  return result;
+}
+
 }  // namespace
 
 jbyteArray StringToBytes(JNIEnv* env, jstring text) {
@@ -77,11 +88,9 @@ jbyteArray StringToBytes(JNIEnv* env, jstring text, const char* charset) {
   jmethodID method = StringMethod(env, getBytesCharset, "getBytes",
                                   "(Ljava/lang/String;)[B");
   if (method == nullptr) return nullptr;
-  jstring name = env->NewStringUTF(charset);
-  if (name == nullptr) return static_cast<jbyteArray>(Checked(env, nullptr));
-  jobject bytes = Checked(env, env->CallObjectMethod(text, method, name));
-  env->DeleteLocalRef(name);
-  return static_cast<jbyteArray>(bytes);
+  return static_cast<jbyteArray>(WithCharsetName(env, charset, [&](jstring name) {
+    return env->CallObjectMethod(text, method, name);
+  }));
 }
 
 jstring BytesToString(JNIEnv* env, jbyteArray bytes, const char* charset) {
@@ -89,12 +98,9 @@ jstring BytesToString(JNIEnv* env, jbyteArray bytes, const char* charset) {
   jmethodID init = StringMethod(env, stringFromBytes, "<init>",
                                 "([BLjava/lang/String;)V");
   if (init == nullptr) return nullptr;
-  jstring name = env->NewStringUTF(charset);
-  if (name == nullptr) return static_cast<jstring>(Checked(env, nullptr));
-  jobject result =
-      Checked(env, env->NewObject(StringClass(env), init, bytes, name));
-  env->DeleteLocalRef(name);
-  return static_cast<jstring>(result);
+  return static_cast<jstring>(WithCharsetName(env, charset, [&](jstring name) {
+    return env->NewObject(StringClass(env), init, bytes, name);
+  }));
 }
 
 int BytesToBuffer(JNIEnv* env, char* buffer, jbyteArray bytes) {

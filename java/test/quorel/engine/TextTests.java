@@ -130,10 +130,16 @@ public final class TextTests {
     try (QR_Knowledge knowledge = new QR_Knowledge();
          QR_Analyzer analyzer = new QR_Analyzer(knowledge)) {
       for (String line : text.split("\n")) {
+        // The tool's tabular form: the surface, then a TAB before each
+        // candidate that has morphemes.
         for (AnalyzedEojul eojul : analyzer.analyze(line)) {
-          List<Candidate> candidates = eojul.candidates();
-          fromJava.add(eojul.surface() + "\t"
-              + (candidates.isEmpty() ? "" : candidates.get(0).toString()));
+          StringBuilder tsv = new StringBuilder(eojul.surface());
+          for (Candidate candidate : eojul.candidates()) {
+            if (!candidate.morphemes().isEmpty()) {
+              tsv.append('\t').append(candidate);
+            }
+          }
+          fromJava.add(tsv.toString());
         }
       }
     }
