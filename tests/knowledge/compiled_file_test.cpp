@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -430,6 +432,26 @@ TEST_F(CompiledFileTest, ImpossibleCountsAreRefused) {
   // A cell that points outside the arrays.
   Dictionary far(false);
   EXPECT_EQ(0, LoadImage(far, withInt(83 + 8, 0x7FFFFF00)));
+}
+
+TEST_F(CompiledFileTest, AutoLoadReadsTheCompiledFileUnderDotKnowledge) {
+  namespace fs = std::filesystem;
+  fs::create_directory(scratch.File("knowledge"));
+  scratch.WriteRaw("knowledge/qrl.klg", image);
+  const fs::path previous = fs::current_path();
+  fs::current_path(scratch.Path());
+  std::unique_ptr<QR_Knowledge> automatic(CreateKnowledge(true));
+  std::unique_ptr<QR_Knowledge> empty(CreateKnowledge(false));
+  fs::current_path(previous);
+  auto* loaded = dynamic_cast<Dictionary*>(automatic.get());
+  ASSERT_NE(nullptr, loaded);
+  SearchInfo si;
+  EXPECT_EQ(1, loaded->SearchMain(Cp949("학교").c_str(), si));
+  EXPECT_NE(-1, ValueOf(loaded->preAnalTrie, Cp949("나는")));
+  auto* blank = dynamic_cast<Dictionary*>(empty.get());
+  ASSERT_NE(nullptr, blank);
+  EXPECT_TRUE(blank->mainInfos.empty());
+  EXPECT_EQ(0, blank->SearchMain(Cp949("학교").c_str(), si));
 }
 
 TEST(CompiledFile, EmptyKnowledgeRoundTrips) {

@@ -110,8 +110,8 @@ void WriteSmallKnowledge(const TempDir& dir) {
             "서울\t서울\n"
             "대한민국\t 대한 민국 \n"
             "빈칸\n");
-  dir.Write("nnb.dic", "개\t1\n개\t2\n");
-  dir.Write("nu.dic", "하나\t1\n");
+  dir.Write("nnb.dic", "개\t1\n빈단위\n개\t2\n");
+  dir.Write("nu.dic", "하나\t1\n빈수 \n");
   dir.Write("np.dic", "그것\n");
   dir.Write("nni.dic", "세계\n");
   dir.Write("vv.dic", "먹\n");

@@ -58,8 +58,12 @@ TEST_F(SourceLoadTest, ReportsEveryBadLineInFileOrder) {
       "Error in 지\t지/EC 1 0 0 Line...\n"
       "Error in 면\t면EC 1 Line...\n"
       "Error in 도\t도/JX 1#도 Line...\n"
+      "NNB file is corrupted..\n"
+      "빈단위\n"
       "NNP file is corrupted..\n"
-      "빈칸\n",
+      "빈칸\n"
+      "NU file is corrupted..\n"
+      "빈수 \n",
       messages);
 }
 
@@ -131,6 +135,8 @@ TEST_F(SourceLoadTest, CommentsAndLinesWithoutTabAreNoKeys) {
   EXPECT_EQ(0, IndexOf(dict.mainTrie, "빗금"));
   EXPECT_EQ(0, IndexOf(dict.mainTrie, "/빗금"));
   EXPECT_EQ(0, IndexOf(dict.mainTrie, "빈칸"));
+  EXPECT_EQ(0, IndexOf(dict.mainTrie, "빈단위"));
+  EXPECT_EQ(0, IndexOf(dict.mainTrie, "빈수"));
   EXPECT_EQ(0, IndexOf(dict.mainTrie, "무시"));
 }
 
@@ -238,6 +244,17 @@ TEST(SourceLoad, EmptyDirectoryKnowsOnlyJamoEndingsAndSuffixLists) {
   EXPECT_EQ(0, dict.SearchJE(Cp949("ㄴ").c_str(), sjei));
   EXPECT_EQ(0, dict.IsXSN(Cp949("들").c_str()));
   EXPECT_NE(nullptr, dict.epList.Find(Cp949("먹었").c_str()));
+}
+
+TEST(SourceLoad, UserNounsNeedALoadedMainDictionary) {
+  TempDir dir;
+  dir.Write("users.txt", "abc\t3\n; 주석\nxy\t2\n");
+  Dictionary dict(false);
+  ::testing::internal::CaptureStderr();
+  EXPECT_EQ(1, dict.LoadUserNoun(dir.Path().c_str(), "users.txt", false));
+  EXPECT_EQ("Error in reading NNU dic..\nError in reading NNU dic..\n",
+            ::testing::internal::GetCapturedStderr());
+  EXPECT_TRUE(dict.mainInfos.empty());
 }
 
 TEST(SourceLoad, MissingCompiledFileGivesMinusOne) {
