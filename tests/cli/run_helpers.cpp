@@ -1,0 +1,105 @@
+// qrl runs through the shell with its streams redirected to files of the
+// scratch directory; arguments are single-quoted.
+#include "cli/run_helpers.h"
+
+#include <stdlib.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+
+#include "text/charset.h"
+
+namespace clitest {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string Quote(const std::string& word) {
+  std::string quoted = "'";
+  for (char c : word) {
+    if (c == '\'') {
+      quoted += "'\\''";
+    } else {
+      quoted += c;
+    }
+  }
+  return quoted + "'";
+}
+
+}  // namespace
+
+ScratchDir::ScratchDir() {
+  std::string pattern = (fs::temp_directory_path() / "qrl-cli-XXXXXX").string();
+  if (mkdtemp(&pattern[0]) != nullptr) path = pattern;
+}
+
+ScratchDir::~ScratchDir() {
+  std::error_code ignored;
+  if (!path.empty()) fs::remove_all(path, ignored);
+}
+
+std::string ScratchDir::Write(const std::string& name,
+                              const std::string& content) const {
+  fs::path file = fs::path(path) / name;
+  fs::create_directories(file.parent_path());
+  std::ofstream(file, std::ios::binary) << content;
+  return file.string();
+}
+
+RunResult RunQrl(const std::vector<std::string>& args,
+                 const std::string& input, const std::string& directory) {
+  ScratchDir streams;
+  std::string in = streams.Write("stdin", input);
+  std::string out = streams.Path() + "/stdout";
+  std::string err = streams.Path() + "/stderr";
+  std::string command = "cd " + Quote(directory) + " && " + Quote(QRL_BINARY);
+  for (const std::string& arg : args) command += " " + Quote(arg);
+  command += " <" + Quote(in) + " >" + Quote(out) + " 2>" + Quote(err);
+  int raw = std::system(command.c_str());
+  RunResult result;
+  if (raw != -1 && WIFEXITED(raw)) result.status = WEXITSTATUS(raw);
+  result.out = ReadFile(out);
+  result.err = ReadFile(err);
+  return result;
+}
+
+std::vector<std::string> Lines(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream in(text);
+  std::string line;
+  while (std::getline(in, line)) lines.push_back(line);
+  return lines;
+}
+
+std::vector<std::string> Fields(const std::string& line) {
+  std::vector<std::string> fields;
+  size_t start = 0;
+  while (true) {
+    size_t tab = line.find('\t', start);
+    fields.push_back(line.substr(start, tab - start));
+    if (tab == std::string::npos) return fields;
+    start = tab + 1;
+  }
+}
+
+std::string ToCp949(const std::string& utf8) {
+  Quorel::WideChar* wide = Quorel::ToWide(utf8.c_str(), "UTF-8");
+  char* bytes = Quorel::FromWide(wide, "CP949");
+  std::string result = bytes == nullptr ? "" : bytes;
+  Quorel::FreeBytes(bytes);
+  Quorel::FreeWide(wide);
+  return result;
+}
+
+std::string ReadFile(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(in),
+                     std::istreambuf_iterator<char>());
+}
+
+}  // namespace clitest
