@@ -130,11 +130,12 @@ bool Dictionary::CheckUserNoun(const char* word, const char* pattern) {
       ++k;
       continue;
     }
-    if (k + 1 >= n) return false;
-    unsigned char second = w[k + 1];
-    // In the symbol rows only pairs of the double-byte form take two bytes.
+    // In the symbol rows only pairs of the double-byte form take two bytes;
+    // at the end of the word the NUL stands for the second byte.
+    unsigned char second = k + 1 < n ? w[k + 1] : 0;
     bool lead = c < 161 || c > 172 || (second >= 65 && second <= 160) ||
                 (c == 164 && second < 253);
+    if (lead && k + 1 >= n) return false;
     k += lead ? 2 : 1;
   }
   int32_t sum = 0;

@@ -140,6 +140,8 @@ TEST(UserNounPattern, SymbolRowsAndCutCharacters) {
   std::string star = Cp949("★");
   EXPECT_FALSE(Dictionary::CheckUserNoun(star.c_str(), "1"));  // cut lead
   EXPECT_TRUE(Dictionary::CheckUserNoun((star + "a").c_str(), "2"));
+  EXPECT_TRUE(Dictionary::CheckUserNoun("\xA1", "1"));   // a lone symbol byte
+  EXPECT_FALSE(Dictionary::CheckUserNoun("\xA4", "1"));  // a cut jamo lead
   std::string cut = Cp949("가").substr(0, 1);
   EXPECT_FALSE(Dictionary::CheckUserNoun(("a" + cut).c_str(), "2"));
 }
