@@ -1,7 +1,5 @@
 package quorel.engine;
 
-import java.util.concurrent.atomic.AtomicInteger;
-
 /**
  * A native handle held by a Java object. An owning object deletes its native
  * object on the first close(); later calls do nothing. An object still bound
@@ -10,7 +8,9 @@ import java.util.concurrent.atomic.AtomicInteger;
 abstract class NativeObject implements AutoCloseable {
   private volatile long handle;
   private boolean owner;
-  private final AtomicInteger users = new AtomicInteger();
+  // Open analyzers bound to this object; guarded by the object's lock, as
+  // close() is, so that no analyzer binds an object while it is deleted.
+  private int users;
 
   /** Takes `value` as the handle; an owner deletes it on close. */
   final void attach(long value, boolean owns) {
@@ -49,12 +49,15 @@ abstract class NativeObject implements AutoCloseable {
   /** A further test before each native call; none by default. */
   void checkUsable() {}
 
-  final void retain() {
-    users.incrementAndGet();
+  /** Counts one more analyzer bound to this object; returns the handle. */
+  final synchronized long retain() {
+    long value = live();
+    ++users;
+    return value;
   }
 
-  final void release() {
-    users.decrementAndGet();
+  final synchronized void release() {
+    --users;
   }
 
   /** Deletes the native object of `value`. */
@@ -66,10 +69,9 @@ abstract class NativeObject implements AutoCloseable {
     if (value == 0) {
       return;
     }
-    int count = users.get();
-    if (count > 0) {
+    if (users > 0) {
       throw new IllegalStateException(getClass().getSimpleName()
-          + " is still bound to " + count + " open analyzer(s)");
+          + " is still bound to " + users + " open analyzer(s)");
     }
     handle = 0;
     if (owner) {

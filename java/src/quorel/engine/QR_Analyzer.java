@@ -30,9 +30,7 @@ public class QR_Analyzer extends NativeObject {
 
   /** An analyzer on shared knowledge, with an eojul of its own. */
   public QR_Analyzer(QR_Knowledge knowledge) {
-    long k = knowledge.live();
-    attach(jniCreateObject(k), true);
-    bindKnowledge(knowledge);
+    this(knowledge, null, false);
   }
 
   /**
@@ -40,29 +38,24 @@ public class QR_Analyzer extends NativeObject {
    * own). With a null eojul, setEojul must come before any run.
    */
   public QR_Analyzer(QR_Knowledge knowledge, QR_Eojul eojul) {
-    long k = knowledge.live();
-    long e = eojul == null ? 0 : eojul.live();
-    attach(jniCreateObject(k, e), true);
-    bindKnowledge(knowledge);
-    bindEojul(eojul);
+    this(knowledge, eojul, true);
   }
 
-  private void bindKnowledge(QR_Knowledge next) {
-    next.retain();
-    if (knowledge != null) {
+  private QR_Analyzer(QR_Knowledge knowledge, QR_Eojul eojul, boolean given) {
+    long k = knowledge.retain();
+    long e = 0;
+    try {
+      e = eojul == null ? 0 : eojul.retain();
+      attach(given ? jniCreateObject(k, e) : jniCreateObject(k), true);
+    } catch (RuntimeException | Error failure) {
       knowledge.release();
+      if (e != 0) {
+        eojul.release();
+      }
+      throw failure;
     }
-    knowledge = next;
-  }
-
-  private void bindEojul(QR_Eojul next) {
-    if (next != null) {
-      next.retain();
-    }
-    if (eojul != null) {
-      eojul.release();
-    }
-    eojul = next;
+    this.knowledge = knowledge;
+    this.eojul = eojul;
   }
 
   boolean isRun(int expected) {
@@ -71,8 +64,10 @@ public class QR_Analyzer extends NativeObject {
 
   /** Binds another knowledge object. */
   public void setKnowledge(QR_Knowledge next) {
-    jniSetKnowledge(next.live(), live());
-    bindKnowledge(next);
+    long self = live();
+    jniSetKnowledge(next.retain(), self);
+    knowledge.release();
+    knowledge = next;
   }
 
   /**
@@ -80,8 +75,12 @@ public class QR_Analyzer extends NativeObject {
    * and output bits must be set again afterwards.
    */
   public int setEojul(QR_Eojul next) {
-    int result = jniSetEojul(next.live(), live());
-    bindEojul(next);
+    long self = live();
+    int result = jniSetEojul(next.retain(), self);
+    if (eojul != null) {
+      eojul.release();
+    }
+    eojul = next;
     exOption = 0;
     return result;
   }
@@ -186,7 +185,9 @@ public class QR_Analyzer extends NativeObject {
 
   @Override
   void closed() {
-    bindEojul(null);
+    if (eojul != null) {
+      eojul.release();
+    }
     knowledge.release();
   }
 

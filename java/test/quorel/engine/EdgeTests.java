@@ -154,6 +154,20 @@ public final class EdgeTests {
     Check.isTrue(knowledge.isClosed() && eojul.isClosed(), "closed after it");
   }
 
+  public static void closedObjectsCantBeBound() {
+    QR_Knowledge closed = new QR_Knowledge();
+    closed.close();
+    Check.raises(IllegalStateException.class, () -> new QR_Analyzer(closed),
+        "an analyzer on closed knowledge");
+    QR_Knowledge knowledge = new QR_Knowledge();
+    QR_Eojul gone = new QR_Eojul();
+    gone.close();
+    Check.raises(IllegalStateException.class, () -> new QR_Analyzer(knowledge, gone),
+        "an analyzer on a closed eojul");
+    knowledge.close();
+    Check.isTrue(knowledge.isClosed(), "a failed analyzer leaves nothing bound");
+  }
+
   public static void sentenceViewsAreNotOwnedAndExpire() throws Exception {
     try (QR_Knowledge knowledge = Fixture.knowledgeWithPreAnalysis();
          QR_Analyzer analyzer = new QR_Analyzer(knowledge)) {
