@@ -39,8 +39,11 @@ class Dictionary : public QR_Knowledge {
 
   int LoadKnowledge(const char* path, bool fromCompiledFile,
                     bool withPreAnalysis) override;
+  // 1 when the file was read, 0 when it can't be opened; flag is unused.
   int LoadUserNoun(const char* path, const char* fileName,
                    bool flag) override;
+  // 1 at the end of the file, 0 when it can't be opened, -1 when the trie
+  // can't be made. With overwrite a repeated eojul takes the new record.
   int LoadPreAnalysis(const char* path, const char* fileName,
                       bool overwrite) override;
   bool CompileKnowledge(const char* path, const char* outputPath) override;
@@ -52,7 +55,8 @@ class Dictionary : public QR_Knowledge {
                         double w5) override;
 
   // ---- Source loaders (results as the callers of LoadKnowledge expect) ----
-  // em.dic / js.dic into jeTrie, jeInfos, jePool. -1 when unreadable.
+  // em.dic / js.dic into jeTrie, jeInfos, jePool. -1 when unreadable,
+  // else 1.
   int LoadJosaEomi(const char* file, const char* tagName);
   // A main word file (or the user nouns with "NNU"). -1 when unreadable,
   // else 1.
