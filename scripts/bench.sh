@@ -1,0 +1,29 @@
+#!/usr/bin/env bash
+# Builds the benchmarks (Release) and prints their figures: start-up, single
+# and multi-threaded throughput beside the scanner's floor, memory and heap
+# allocations per eojul. The corpus figures need ../shared/corpus and are
+# skipped when it is absent. Never part of the test suite.
+# Usage: scripts/bench.sh [KNOWLEDGE_DIR [qrl_bench options...]]
+#   (default build dir: build-bench; set BUILD=dir to change it)
+set -euo pipefail
+cd "$(dirname "$0")/.."
+root=$(pwd)
+build=${BUILD:-$root/build-bench}
+
+cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=Release \
+  -DQRLSL_BUILD_BENCHMARKS=ON -DQRLSL_BUILD_TESTS=OFF >/dev/null
+cmake --build "$build" -j"$(nproc)" --target qrl_bench
+
+args=()
+if [ $# -gt 0 ]; then
+  args+=(--knowledge "$1")
+  shift
+fi
+corpus=$root/../shared/corpus
+if [ -d "$corpus" ]; then
+  args+=(--corpus "$corpus")
+else
+  echo "No corpus at $corpus: only the start-up and memory figures follow."
+  args+=(--corpus "$build/no-corpus")
+fi
+"$build/bench/qrl_bench" "${args[@]}" "$@"
