@@ -17,44 +17,64 @@ using testing_driver::SmallKnowledge;
 using testing_driver::Utf8;
 
 constexpr unsigned kHangul = EojulType::kDoubleByte;
+using SplitList = std::vector<std::pair<int, int>>;
+
+// Split points of `utf8` as (start of the ending, reserved) pairs.
+SplitList SplitsOf(DriverFixture& fixture, const std::string& utf8,
+                 bool rePass) {
+  Eojul& e = *fixture.analyzer.CurrentEojul();
+  e.SetText(Cp949(utf8).c_str(), kHangul);
+  fixture.analyzer.SearchSplits(e, rePass);
+  SplitList all;
+  for (const SearchJEInfo& s : fixture.analyzer.JeCandidates()) {
+    all.emplace_back(s.length, s.reserved);
+  }
+  return all;
+}
 
 class SplitSearchTest : public ::testing::Test {
  protected:
   SplitSearchTest() : fixture(SmallKnowledge()) {}
 
-  // Split points of `utf8` as (start of the ending, reserved) pairs.
-  std::vector<std::pair<int, int>> Splits(const std::string& utf8,
-                                          bool rePass) {
-    Eojul& e = *fixture.analyzer.CurrentEojul();
-    e.SetText(Cp949(utf8).c_str(), kHangul);
-    fixture.analyzer.SearchSplits(e, rePass);
-    std::vector<std::pair<int, int>> all;
-    for (const SearchJEInfo& s : fixture.analyzer.JeCandidates()) {
-      all.emplace_back(s.length, s.reserved);
-    }
-    return all;
+  SplitList Splits(const std::string& utf8, bool rePass) {
+    return SplitsOf(fixture, utf8, rePass);
   }
 
   DriverFixture fixture;
 };
 
-using Splits_ = std::vector<std::pair<int, int>>;
-
 TEST_F(SplitSearchTest, SplitPointsStartAfterTheFirstSyllable) {
   EXPECT_TRUE(Splits("가", false).empty());
-  EXPECT_EQ(Splits("학교가", false), (Splits_{{4, 0}}));
-  EXPECT_EQ(Splits("먹는다", false), (Splits_{{2, 0}, {4, 0}}));
+  EXPECT_EQ(Splits("학교가", false), (SplitList{{4, 0}}));
+  EXPECT_EQ(Splits("먹는다", false), (SplitList{{2, 0}, {4, 0}}));
 }
 
 TEST_F(SplitSearchTest, JxChainIsOneSplitWithItsFirstKeyEnd) {
   // 에서 + 도 from byte 4: reserved marks the end of 에서; 도 alone too.
-  EXPECT_EQ(Splits("학교에서도", false), (Splits_{{4, 8}, {8, 0}}));
+  EXPECT_EQ(Splits("학교에서도", false), (SplitList{{4, 8}, {8, 0}}));
   // A re-analysis pass takes no chain.
-  EXPECT_EQ(Splits("학교에서도", true), (Splits_{{8, 0}}));
+  EXPECT_EQ(Splits("학교에서도", true), (SplitList{{8, 0}}));
 }
 
 TEST_F(SplitSearchTest, DoubledJosaIsNoFirstKey) {
-  EXPECT_EQ(Splits("학교도도", false), (Splits_{{6, 0}}));
+  EXPECT_EQ(Splits("학교도도", false), (SplitList{{6, 0}}));
+}
+
+// Keys whose marks refuse a split: an ETN key, an eomi marked 0x400 before
+// a JX, and an eomi marked 0x800 on a re-analysis pass.
+TEST(SplitMarksTest, MarkedKeysRefuseSplits) {
+  DriverFixture fixture({
+      {"em.dic", "기\t기/ETN 0\n고\t고/EC 400\n지\t지/EC 0\n니\t니/EF 800\n"},
+      {"js.dic", "도\t도/JX 0\n"},
+  });
+  auto splits = [&fixture](const char* utf8, bool rePass) {
+    return SplitsOf(fixture, utf8, rePass);
+  };
+  EXPECT_EQ(splits("먹지도", false), (SplitList{{2, 4}, {4, 0}}));
+  EXPECT_EQ(splits("먹고도", false), (SplitList{{4, 0}}));
+  EXPECT_EQ(splits("먹기도", false), (SplitList{{4, 0}}));
+  EXPECT_EQ(splits("먹니", false), (SplitList{{2, 0}}));
+  EXPECT_TRUE(splits("먹니", true).empty());
 }
 
 TEST_F(SplitSearchTest, NounWithJosa) {
