@@ -120,6 +120,26 @@ public final class EdgeTests {
     }
   }
 
+  public static void nullStringsCrossAsEmpty() throws Exception {
+    try (QR_Knowledge knowledge = Fixture.knowledgeWithPreAnalysis();
+         QR_Eojul eojul = new QR_Eojul();
+         QR_Analyzer analyzer = new QR_Analyzer(knowledge, eojul)) {
+      Check.equal(0, knowledge.jniLoadPreAnalysis(null, "absent-pre.txt", false,
+          knowledge.getHandle()), "a null path is empty");
+      eojul.setString("먹은");
+      eojul.setString("");
+      String afterEmpty = eojul.getString();
+      eojul.setString("먹은");
+      eojul.jniSetString(null, eojul.getHandle());
+      Check.equal(afterEmpty, eojul.getString(), "a null text acts as the empty one");
+      analyzer.setExOption(QR_Analyzer.EX_KEEP_SENTENCE);
+      analyzer.runWithString("먹은");
+      Check.equal(1, analyzer.jniRunWithString(null, analyzer.getHandle()),
+          "a null text runs as the empty one");
+      Check.equal(1, analyzer.getEojulCountInSentence(), "the sentence stays");
+    }
+  }
+
   public static void closeTwiceIsHarmless() throws Exception {
     QR_Knowledge knowledge = Fixture.knowledgeWithPreAnalysis();
     QR_Eojul eojul = new QR_Eojul();
