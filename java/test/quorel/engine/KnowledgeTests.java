@@ -53,6 +53,8 @@ public final class KnowledgeTests {
         Check.equal(noun.pos() == NNG ? "NNG" : "NNP", noun.tag(), "noun tag");
         Check.isTrue(noun.indexWord(), "a noun is an index word");
         Check.equal(JKG, morphemes.get(1).pos(), "josa mask");
+        // The reverse table names the josa subclasses by their family.
+        Check.equal("J_", morphemes.get(1).tag(), "josa tag");
         Check.isTrue(!morphemes.get(1).indexWord(), "a josa is no index word");
       }
       Check.equal(Set.of(NNG, NNP), nouns, "the nouns of both readings");
