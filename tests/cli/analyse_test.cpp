@@ -277,6 +277,35 @@ TEST_F(AnalyseTest, UserNounFilesLoadOrFail) {
   EXPECT_NE(std::string::npos, run.err.find("none.txt"));
 }
 
+TEST_F(AnalyseTest, ProgressBarOnlyForLongFilesOnATerminal) {
+  std::string line = "학교 아주 그 서울\n";
+  std::string text;
+  while (text.size() < (3u << 19)) text += line;  // 1.5 MB
+  std::string big = dir.Write("big.txt", text);
+  std::string small = dir.Write("small.txt", line);
+  const std::string empty = dir.Path() + "/empty";
+
+  // Into a file or a pipe, standard error stays clean.
+  RunResult run = RunQrl({"-k", empty, "-f", "tsv", big}, "", dir.Path());
+  EXPECT_EQ(0, run.status);
+  EXPECT_EQ("", run.err);
+
+  std::string shown;
+  if (!RunOnTerminal({"-k", empty, "-f", "tsv", big}, dir.Path(), shown)) {
+    GTEST_SKIP() << "no pseudo terminal";
+  }
+  EXPECT_NE(std::string::npos, shown.find("big.txt ["));
+  size_t full = shown.rfind("100%");
+  ASSERT_NE(std::string::npos, full);
+  // The bar's line is cleared at the end.
+  EXPECT_NE(std::string::npos, shown.find("\r\033[K", full));
+
+  ASSERT_TRUE(RunOnTerminal({"-k", empty, small}, dir.Path(), shown));
+  EXPECT_EQ(std::string::npos, shown.find('%'));
+  ASSERT_TRUE(RunOnTerminal({"-k", empty, "--no-progress", big}, dir.Path(), shown));
+  EXPECT_EQ(std::string::npos, shown.find('%'));
+}
+
 TEST_F(AnalyseTest, MissingKnowledgeIsSaidOnce) {
   std::filesystem::path home = std::filesystem::path(QRL_BINARY).parent_path();
   for (const auto& beside : {home / "knowledge", home / ".." / "knowledge"}) {

@@ -68,6 +68,21 @@ RunResult RunQrl(const std::vector<std::string>& args,
   return result;
 }
 
+bool RunOnTerminal(const std::vector<std::string>& args,
+                   const std::string& directory, std::string& shown) {
+  if (std::system("script --version >/dev/null 2>&1") != 0) return false;
+  ScratchDir capture;
+  std::string inner = "cd " + Quote(directory) + " && " + Quote(QRL_BINARY);
+  for (const std::string& arg : args) inner += " " + Quote(arg);
+  inner += " >/dev/null </dev/null";
+  std::string typescript = capture.Path() + "/typescript";
+  std::string command = "script -qec " + Quote(inner) + " " + Quote(typescript) +
+                        " >/dev/null 2>&1 </dev/null";
+  if (std::system(command.c_str()) != 0) return false;
+  shown = ReadFile(typescript);
+  return true;
+}
+
 std::vector<std::string> Lines(const std::string& text) {
   std::vector<std::string> lines;
   std::istringstream in(text);

@@ -37,6 +37,12 @@ class ScratchDir {
 RunResult RunQrl(const std::vector<std::string>& args,
                  const std::string& input, const std::string& directory);
 
+// Runs qrl with `args` in `directory` with its standard error on a pseudo
+// terminal (through util-linux `script`) and its standard output discarded;
+// what the terminal showed. False when no such terminal can be had.
+bool RunOnTerminal(const std::vector<std::string>& args,
+                   const std::string& directory, std::string& shown);
+
 // The lines of `text` without their line ends (no empty last line).
 std::vector<std::string> Lines(const std::string& text);
 // `line` cut at every TAB.
