@@ -9,6 +9,8 @@ command -v g++ >/dev/null 2>&1 || need+=(g++)
 command -v make >/dev/null 2>&1 || need+=(make)
 command -v python3 >/dev/null 2>&1 || need+=(python3)
 [ -f /usr/include/gtest/gtest.h ] || need+=(libgtest-dev)
+command -v javac >/dev/null 2>&1 || need+=(default-jdk-headless)
+command -v nm >/dev/null 2>&1 || need+=(binutils)
 [ -d /usr/src/googletest ] || [ -f /usr/lib/x86_64-linux-gnu/libgtest.a ] || need+=(googletest)
 
 if [ ${#need[@]} -gt 0 ]; then
