@@ -1,0 +1,397 @@
+// NounDivider: the frame of a division (Divide), the choice of rows and the
+// pattern string. The walk, the weighing and the index words live in the
+// noun_divider_*.cpp files.
+#include "analyzer/noun_divider.h"
+
+#include <cstdlib>
+#include <cstring>
+
+#include "analyzer/noun_divider_literals.h"
+#include "eojul/tag_set.h"
+#include "knowledge/dictionary.h"
+
+namespace Quorel {
+
+namespace {
+
+bool HasTag(uint32_t bits, uint32_t tag) { return (bits & tag) == tag; }
+
+bool Same2(const char* a, const char* b) { return std::memcmp(a, b, 2) == 0; }
+
+// Letters that the pattern string carries before a length.
+bool IsMarkedLetter(char c) {
+  return c != 0 && std::strchr("BCDIJNPUXY", c) != nullptr;
+}
+
+// The numeric attribute of a bound noun's extra text, 0 without one.
+int Attribute(const SearchInfo& si) {
+  return si.nnbText != nullptr ? std::atoi(si.nnbText) : 0;
+}
+
+// Room kept behind the groups for '$' and the NUL.
+constexpr int32_t kOutputLimit = kDivOutputSize - 2;
+// Longest element the pattern string can carry: 36 would read as '$'.
+constexpr int32_t kMaxWrittenLength = 35;
+
+}  // namespace
+
+NounDivider::NounDivider()
+    : patternCount(kLengthPatternCount),
+      indexWordCount(0),
+      inSpan(0),
+      rowCount(0),
+      lastSpan(0),
+      splitFlag(0),
+      wordLength(0),
+      mode(0),
+      dictionary(nullptr) {
+  word.Reserve(256);
+  patternText.Reserve(kDivOutputSize);
+  seenText.Reserve(kDivOutputSize);
+  groupText.Reserve(64);
+  hits.reserve(kMaxDivHits + 64);
+  ClearRows();
+  std::memset(output, 0, sizeof(output));
+}
+
+void NounDivider::Bind(Dictionary* knowledge) { dictionary = knowledge; }
+
+bool NounDivider::InJosaList(const char* text, int32_t len) {
+  if (text == nullptr || len <= 0 || len > 8) return false;
+  char key[9];
+  std::memcpy(key, text, static_cast<size_t>(len));
+  key[len] = '\0';
+  if (std::memchr(key, '\0', static_cast<size_t>(len)) != nullptr) return false;
+  return std::strstr(DividerText::kJosaList, key) != nullptr;
+}
+
+void NounDivider::ClearRows() {
+  std::memset(rows, 0, sizeof(rows));
+  for (DivRow& r : rows) std::memset(r.hitIndex, kNoHit, sizeof(r.hitIndex));
+  for (int k = 0; k < kDivRows; ++k) {
+    weightSum[k] = 0.0;
+    selected[k] = -1;
+  }
+  indexWordCount = 0;
+  inSpan = 0;
+  rowCount = 0;
+  lastSpan = 0;
+  splitFlag = 0;
+}
+
+int NounDivider::NewRow() {
+  if (rowCount >= kDivRows) return -1;
+  const int r = rowCount++;
+  std::memset(&rows[r], 0, sizeof(DivRow));
+  std::memset(rows[r].hitIndex, kNoHit, sizeof(rows[r].hitIndex));
+  weightSum[r] = 0.0;
+  return r;
+}
+
+void NounDivider::CopyRow(int to, int from, int count) {
+  if (count > kDivElements) count = kDivElements;
+  for (int j = 0; j < count; ++j) {
+    rows[to].elements[j] = rows[from].elements[j];
+    rows[to].hitIndex[j] = rows[from].hitIndex[j];
+  }
+  rows[to].score = rows[from].score;
+}
+
+double NounDivider::GetPatternScore(int k) const {
+  if (k < 0 || k >= kDivRows) return 0.0;
+  const int r = selected[k];
+  if (r < 0 || r >= kDivRows) return 0.0;
+  return rows[r].score;
+}
+
+const char* NounDivider::Divide(const char* text, int divideMode) {
+  mode = divideMode;
+  ClearRows();
+  std::memset(output, 0, sizeof(output));
+  if (text == nullptr || text[0] == '\0' || dictionary == nullptr) {
+    output[0] = '$';
+    return output;
+  }
+  word = text;
+  wordLength = word.Length();
+  SearchInfo si;
+  const uint32_t tag =
+      dictionary->SearchMain(word.CStr(), si) != 0 ? si.info.bits : 0;
+
+  // Two syllables that are no noun: a josa alone, or a noun with a suffix
+  // or a bound noun.
+  if (wordLength == 4 && (tag & Pos::N_) == 0) {
+    if (word == DividerText::kButeo || word == DividerText::kKkaji) {
+      const char josa[] = {1, 'J', 2};
+      std::memcpy(output, josa, sizeof(josa));
+    } else {
+      DivideTwoSyllables();
+    }
+    FinishOutput(tag, static_cast<int32_t>(std::strlen(output)));
+    return output;
+  }
+  // Stored divisions of proper nouns and user nouns.
+  if ((tag & 0x4) != 0 && mode == 3 && si.nnpText != nullptr) {
+    CopyStoredDivision(si.nnpText, false);
+    if (output[0] != '$') {
+      FinishOutput(tag, static_cast<int32_t>(std::strlen(output)));
+    }
+    return output;
+  }
+  if ((tag & 0x8) != 0 && mode == 4 && si.nnuText != nullptr) {
+    CopyStoredDivision(si.nnuText, true);
+    if (output[0] != '$') {
+      FinishOutput(tag, static_cast<int32_t>(std::strlen(output)));
+    }
+    return output;
+  }
+
+  const int live = Enumerate(word.CStr());
+  if (live < 1) {
+    std::memset(output, 0, sizeof(output));
+    output[0] = '$';
+    return output;
+  }
+  output[0] = static_cast<char>(live);
+  const int32_t end = ChooseRows();
+  if (end >= 0) FinishOutput(tag, end);
+  return output;
+}
+
+void NounDivider::DivideTwoSyllables() {
+  const char* w = word.CStr();
+  const char* second = w + 2;
+  SearchInfo first;
+  const uint32_t firstBits =
+      dictionary->SearchMain(w, first, 2) != 0 ? first.info.bits : 0;
+  const int attr = Attribute(first);
+  const char* answer = nullptr;
+  static const char kPluralPronoun[] = {1, 'P', 1, 'Y', 1, 0};
+  static const char kNounSuffix[] = {1, 1, 'Y', 1, 0};
+  static const char kBoundSuffix[] = {1, 'B', 1, 'Y', 1, 0};
+  static const char kPronounBound[] = {1, 'P', 1, 'B', 1, 0};
+  static const char kNounBound[] = {1, 1, 'B', 1, 0};
+  static const char kBoundBound[] = {1, 'B', 1, 'B', 1, 0};
+  static const char kBoundNoun[] = {1, 'B', 1, 1, 0};
+  if (dictionary->IsXSN(second, 2) != 0) {
+    const bool deul = Same2(second, DividerText::kDeul);
+    if (HasTag(firstBits, Pos::NP) && deul) {
+      answer = kPluralPronoun;
+    } else if (HasTag(firstBits, Pos::NNG)) {
+      answer = kNounSuffix;
+    } else if ((HasTag(firstBits, Pos::NNB) && deul) ||
+               ((attr & 1) != 0 && (Same2(second, DividerText::kSsik) ||
+                                    Same2(second, DividerText::kSun)))) {
+      answer = kBoundSuffix;
+    }
+  } else {
+    SearchInfo next;
+    const uint32_t nextBits =
+        dictionary->SearchMain(second, next, 2) != 0 ? next.info.bits : 0;
+    const bool nextCounts =
+        HasTag(nextBits, Pos::NNB) && (Attribute(next) & (2 | 4)) != 0;
+    if (HasTag(firstBits, Pos::NP) && Same2(second, DividerText::kPPun)) {
+      answer = kPronounBound;
+    } else if (HasTag(firstBits, Pos::NNG) && nextCounts) {
+      answer = kNounBound;
+    } else if (HasTag(firstBits, Pos::NNB) && (attr & 2) != 0 && nextCounts) {
+      answer = kBoundBound;
+    } else if (HasTag(firstBits, Pos::NNB) && HasTag(nextBits, Pos::NNG)) {
+      answer = kBoundNoun;
+    }
+  }
+  if (answer != nullptr) std::strcpy(output, answer);
+}
+
+void NounDivider::CopyStoredDivision(const char* text, bool userNoun) {
+  if (std::strcmp(text, "0") == 0) {
+    output[0] = '$';
+    return;
+  }
+  int32_t at = 1;
+  int groups = 1;
+  for (int32_t i = 0; text[i] != '\0' && at < kOutputLimit - 2;) {
+    const char c = text[i];
+    int32_t length = 0;
+    char letter = userNoun ? 'N' : 0;
+    if (c >= '1' && c <= '9') {
+      length = c - '0';
+      ++i;
+    } else if (c >= 'a' && c <= 'z') {
+      length = 10 + (c - 'a');
+      ++i;
+    } else if (c == '@') {
+      output[at++] = '@';
+      ++groups;
+      ++i;
+      continue;
+    } else if (c == '0') {
+      ++i;  // a piece of no length can't stand in the string
+      continue;
+    } else {
+      while (text[i] == c) {
+        ++length;
+        ++i;
+      }
+      letter = c;
+    }
+    if (length > kMaxWrittenLength) length = kMaxWrittenLength;
+    if (IsMarkedLetter(letter)) output[at++] = letter;
+    output[at++] = static_cast<char>(length);
+  }
+  output[0] = static_cast<char>(groups);
+  output[at] = '\0';
+}
+
+void NounDivider::AddPlainBonus(int k) {
+  const DivRow& r = rows[k];
+  for (int j = 0; j < r.elementCount && j < kDivElements; ++j) {
+    const char c = r.elements[j].letter;
+    if (c != 'N' && IsMarkedLetter(c)) return;
+  }
+  if (r.elementCount > 1) {
+    rows[k].score += 1.0 / ((r.elementCount - 1) * 2);
+  }
+}
+
+bool NounDivider::WriteRow(int k, int32_t& at) {
+  const DivRow& r = rows[k];
+  int32_t need = 1;
+  for (int j = 0; j < r.elementCount && j < kDivElements; ++j) {
+    const DivElement& e = r.elements[j];
+    if (e.length <= 0) continue;
+    if (e.length > kMaxWrittenLength) return false;
+    need += IsMarkedLetter(e.letter) ? 2 : 1;
+  }
+  if (at + need > kOutputLimit) return false;
+  for (int j = 0; j < r.elementCount && j < kDivElements; ++j) {
+    const DivElement& e = r.elements[j];
+    if (e.length <= 0) continue;
+    if (IsMarkedLetter(e.letter)) output[at++] = e.letter;
+    output[at++] = static_cast<char>(e.length);
+  }
+  output[at++] = '@';
+  return true;
+}
+
+int32_t NounDivider::ChooseRows() {
+  int best = -1;
+  int groups = 0;
+  int32_t at = 1;
+  for (int k = 0; k < kDivRows && rows[k].elements[0].length != 0; ++k) {
+    if (IsDead(k)) continue;
+    if (best < 0 || rows[k].score > rows[best].score) best = k;
+    if (mode != 1 && rows[k].score >= 0.8 && WriteRow(k, at)) {
+      AddPlainBonus(k);
+      selected[groups++] = k;
+    }
+  }
+  if (groups == 0 || mode == 1) {
+    if (best < 0) {
+      output[0] = static_cast<char>(255);
+      return 1;
+    }
+    if (rows[best].score < 0.0) {
+      std::memset(output, 0, sizeof(output));
+      output[0] = '%';
+      return -1;
+    }
+    if (rows[best].score < 0.4) {
+      output[0] = static_cast<char>(255);
+      return 1;
+    }
+    if (WriteRow(best, at)) {
+      AddPlainBonus(best);
+      selected[groups] = best;
+    }
+  }
+  return at;
+}
+
+void NounDivider::FinishOutput(uint32_t tag, int32_t end) {
+  if (end <= 0) {
+    std::memset(output, 0, sizeof(output));
+    output[0] = '$';
+    return;
+  }
+  if (end > 1 && output[end - 1] == '@') --end;
+  // Rebuild the groups: a one-syllable unknown joins the piece before it,
+  // and a group met before is dropped with its row.
+  patternText.Clear();
+  seenText.Clear();
+  seenText.Append('@');
+  int32_t kept[kDivRows];
+  int keptCount = 0;
+  int group = 0;
+  for (int32_t p = 1; p < end;) {
+    groupText.Clear();
+    int32_t lastStart = -1;
+    while (p < end && output[p] != '@') {
+      const char c = output[p];
+      if (IsMarkedLetter(c) && p + 1 < end) {
+        const char length = output[p + 1];
+        p += 2;
+        if (c == 'U' && length == 1 && lastStart >= 0) {
+          const char before = groupText.At(groupText.Length() - 1);
+          groupText.Truncate(lastStart);
+          lastStart = groupText.Length();
+          groupText.Append('U');
+          groupText.Append(static_cast<char>(before + 1));
+          continue;
+        }
+        lastStart = groupText.Length();
+        groupText.Append(c);
+        groupText.Append(length);
+      } else {
+        lastStart = groupText.Length();
+        groupText.Append(c);
+        ++p;
+      }
+    }
+    if (p < end) ++p;  // the '@'
+    if (!groupText.IsEmpty()) {
+      StringEx key("@");
+      key.Append(groupText);
+      key.Append('@');
+      if (seenText.FindString(key.CStr()) < 0) {
+        if (!patternText.IsEmpty()) patternText.Append('@');
+        patternText.Append(groupText);
+        seenText.Append(groupText);
+        seenText.Append('@');
+        if (keptCount < kDivRows) {
+          kept[keptCount++] = group < kDivRows ? selected[group] : -1;
+        }
+      }
+    }
+    ++group;
+  }
+  for (int k = 0; k < kDivRows; ++k) selected[k] = k < keptCount ? kept[k] : -1;
+  int32_t at = 1;
+  if (end > 1) {
+    std::memcpy(output + 1, patternText.CStr(),
+                static_cast<size_t>(patternText.Length()));
+    at = 1 + patternText.Length();
+  }
+  // Three-syllable words of the ending-search modes carry their lengths
+  // 1 and 2 as digits.
+  if ((tag & 0x4) == 0 && wordLength == 6 && mode >= 2 && mode <= 4) {
+    for (int32_t i = 0; i < at; ++i) {
+      if (output[i] == 1) output[i] = '1';
+      if (output[i] == 2) output[i] = '2';
+    }
+  }
+  if (wordLength == 8 && std::strchr(word.CStr(), 'U') == nullptr &&
+      static_cast<unsigned char>(output[0]) == 255) {
+    SearchInfo tail;
+    if (dictionary->SearchMain(word.CStr() + 4, tail, 4) != 0 &&
+        HasTag(tail.info.bits, Pos::NNG)) {
+      const char unknownHead[] = {1, 'U', 2, 2};
+      std::memcpy(output, unknownHead, sizeof(unknownHead));
+      at = 4;
+    }
+  }
+  output[at] = '$';
+  std::memset(output + at + 1, 0, static_cast<size_t>(kDivOutputSize - at - 1));
+}
+
+}  // namespace Quorel

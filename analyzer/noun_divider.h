@@ -1,0 +1,209 @@
+// NounDivider: divides a word that no dictionary entry covers (a run of
+// nouns, often with prefixes, suffixes and a josa behind) into division
+// patterns. A recursive walk over every dictionary hit in the word builds rows
+// of elements; rows are weighted, scored by a table of length patterns and by
+// joint and position frequencies, and the passing rows are written as one
+// pattern string (format below). It also holds a debugging extractor of index
+// words. One word at a time; nothing survives from one word to the next.
+#ifndef QRLSL_ANALYZER_NOUN_DIVIDER_H_
+#define QRLSL_ANALYZER_NOUN_DIVIDER_H_
+
+#include <cstdint>
+#include <vector>
+
+#include "text/strings.h"
+#include "trie/lookup_records.h"
+
+namespace Quorel {
+
+class Dictionary;
+
+constexpr int kDivRows = 20;          // rows of one word
+constexpr int kDivElements = 20;      // elements of one row
+constexpr int kMaxIndexWords = 400;
+constexpr int kDivOutputSize = 821;   // bytes of the pattern string
+constexpr int kLengthPatternCount = 89;
+constexpr unsigned char kNoHit = 'S'; // hitIndex of an element no hit gave
+// Hits kept per word, so that a hit index never reads as kNoHit.
+constexpr int kMaxDivHits = 80;
+
+// One piece of a division. length in syllables; 0 ends the used elements,
+// -1 in element 0 marks a dead row. Letters: ' ' noun, 'B' NNB, 'C' one-
+// syllable conjunction, 'D' NU, 'I' NNI, 'J' josa, 'M' proper-noun piece,
+// 'N' stored user-noun piece, 'P' NP, 'Q' rejected, 'U' unknown, 'X' prefix,
+// 'Y' suffix.
+struct DivElement {
+  int32_t length;
+  int32_t weight;
+  char letter;
+};
+
+struct DivRow {
+  DivElement elements[kDivElements];
+  unsigned char hitIndex[kDivElements];  // index in hits, or kNoHit
+  int32_t elementCount;
+  double score;
+};
+
+// Value of a decimal code of piece lengths (last piece in the units), as a
+// base score; the table is sorted by code.
+struct LengthPattern {
+  int32_t code;
+  double value;
+};
+extern const LengthPattern LengthPatterns[kLengthPatternCount];
+// The table value of code, found by binary search; 0.0 when absent.
+double LengthPatternValue(int32_t code);
+
+// The pattern string that Divide returns:
+//   byte 0      number of groups (255 while no group stands)
+//   per group   per element its length in syllables as a byte, preceded by
+//               its letter when that is one of B C D I J N P U X Y
+//   '@'         between groups;  '$' ends the string
+// Special answers: "$" (nothing came of the word), "%" (the best row scored
+// below 0), 255 '$' (no row good enough). Byte 255 reads as "not above 0".
+class NounDivider {
+ public:
+  NounDivider();
+  NounDivider(const NounDivider&) = delete;
+  NounDivider& operator=(const NounDivider&) = delete;
+
+  // The knowledge every lookup goes to; must be set before Divide.
+  void Bind(Dictionary* knowledge);
+
+  // Divides the CP949 word under the caller's mode (the context code of the
+  // noun analysis: 1 best row only, 2..4 josa readings at the end, 3 stored
+  // proper-noun division, 4 stored user-noun division, 10 no josa row).
+  // Returns output, valid until the next call.
+  const char* Divide(const char* word, int divideMode);
+  // Score of the row that gave group k of the last output; 0.0 for none.
+  double GetPatternScore(int k) const;
+
+  // ---- Index words (debugging companion; reports go to the logger) ----
+  // Divides word, collects the index words of a stored proper-noun division
+  // and logs them. Returns indexWordCount.
+  int ExtractIndexWords(const char* word);
+  // Appends text (len bytes, 0: to the NUL) unless present or full. Returns
+  // indexWordCount.
+  int AddIndexWord(const char* text, int32_t len = 0);
+  // Adds the pieces of a text division ("1".."9", "X", "Y") of word.
+  void CollectIndexWords(const char* division);
+  // Logs one text division of word as its pieces.
+  void PrintDivision(const char* division);
+  // Logs the count and each index word.
+  void PrintIndexWords();
+
+  // ---- The steps, public so that a reader (or a test) can drive them ----
+  // Stores word, collects its hits and walks, weighs, deduplicates and
+  // scores the rows. Returns the number of live rows.
+  int Enumerate(const char* text);
+  // Recursive search of divisions into rows; returns rowCount.
+  int Walk(int row, int hit, int pos);
+  // Sets element pos of row to letter over `bytes` bytes with its default
+  // weight. Outside 0..19 the row dies.
+  void AddElement(int row, int pos, int32_t bytes, char letter);
+  // Writes the first alternative of a stored division as elements from pos;
+  // returns the last position used.
+  int WriteDivision(int row, int pos, int hit, char letter, const char* text);
+  // Kills rows equal in lengths and letters to an earlier one, keeping the
+  // higher weightSum (the earlier on a tie).
+  void Deduplicate();
+  // The table, joint and position score of a row.
+  double Score(int row) const;
+  // Writes the chosen rows as groups from output byte 1 (the best row only
+  // in mode 1). Returns the end of what was written, -1 after a "%".
+  int32_t ChooseRows();
+  // Closes the output written up to `end`: rewrites and deduplicates the
+  // groups and ends the string with '$'. tag: POS bits of the whole word.
+  void FinishOutput(uint32_t tag, int32_t end);
+
+  bool IsDead(int row) const { return rows[row].elements[0].length < 0; }
+  void Kill(int row) { rows[row].elements[0].length = -1; }
+  // True when text (len bytes) is in the josa list.
+  static bool InJosaList(const char* text, int32_t len);
+
+  // ---- State, in this order ----
+  int32_t patternCount;
+  DivRow rows[kDivRows];
+  double weightSum[kDivRows];
+  int32_t selected[kDivRows];
+  int32_t indexWordCount;
+  int32_t inSpan;
+  int32_t rowCount;
+  int32_t lastSpan;
+  int32_t splitFlag;
+  int32_t wordLength;
+  int32_t mode;
+  StringEx indexWords[kMaxIndexWords];
+  StringEx divText;
+  StringEx patternText;
+  StringEx groupText;
+  StringEx seenText;
+  StringEx word;
+  StringEx josaText;
+  char output[kDivOutputSize];
+  std::vector<SearchInfo> hits;
+  Dictionary* dictionary;
+
+ private:
+  // Where the covered part of a row ends: the hit of element pos-1, or the
+  // bytes its elements cover when no hit gave that element (prevHit -1).
+  struct TailSpan {
+    int32_t prevStart;
+    int32_t prevEnd;
+    int prevHit;
+  };
+
+  // Per-word reset of rows, weights, selections and counters.
+  void ClearRows();
+  // Opens a fresh row; -1 when 20 are open.
+  int NewRow();
+  // Copies elements 0..count-1 and the score of row `from` into `to`.
+  void CopyRow(int to, int from, int count);
+  // Ends row at pos: elementCount = pos. Returns rowCount.
+  int CloseRow(int row, int pos);
+  // Puts the rejected element at pos and kills the row. Returns rowCount.
+  int RejectRow(int row, int pos);
+  // Adds hit `hit` at pos (a stored division as its pieces) and walks on.
+  int TakeHit(int row, int hit, int pos);
+  // The rules for the bytes behind the last hit of a row. The parts return
+  // rowCount when they settled the row, -1 when the next rule is to run.
+  int WalkTail(int row, int pos, const TailSpan& span);
+  int TailSecondSuffix(int row, int pos);
+  int TailFourBytes(int row, int pos, const TailSpan& span);
+  int TailJosaTwoBytes(int row, int pos, const TailSpan& span);
+  int TailJosa(int row, int pos, const TailSpan& span);
+  // An unknown piece over the rest; rejected when a longer hit from the
+  // previous start reaches the end of the word.
+  int CloseUnknownTail(int row, int pos, const TailSpan& span);
+  void PrevSpan(int row, int pos, TailSpan& span) const;
+  // Letter of element i of row, 0 outside the row.
+  char LetterAt(int row, int i) const;
+  // True when some hit runs from `start` to `end`.
+  bool HasHit(int32_t start, int32_t end) const;
+  // True when a hit after prevHit has its start and ends at the word end.
+  bool LongerHitToEnd(int prevHit) const;
+  // The josa reading of the len bytes at word+at behind the syllable before
+  // them: 1 when it has a josa bit and may attach, 0 when not, -1 when no
+  // syllable stands before. attach gets the reading's mask.
+  int JosaBehind(int32_t at, int32_t len, uint16_t& attach) const;
+  // Weighs the elements of row k; returns the weight sum.
+  double WeighRow(int k, bool uCopy[kDivRows]);
+  // The rules of one looked-up element j at byte offset `at` of row k.
+  void WeighElement(int k, int j, int32_t at, bool uCopy[kDivRows],
+                    double& sum);
+  // The josa merge of an element ending in 이 or 되 with the josa behind.
+  void MergeJosa(int k, int j, int32_t at);
+  // Appends row k as one group and '@'; false when it doesn't fit.
+  bool WriteRow(int k, int32_t& at);
+  // Writes a stored division text as the output (proper or user noun).
+  void CopyStoredDivision(const char* text, bool userNoun);
+  // The special answers for a word of two syllables that is no noun.
+  void DivideTwoSyllables();
+  // Adds 1 / ((n-1)*2) to the score of a row without marked letters.
+  void AddPlainBonus(int k);
+};
+
+}  // namespace Quorel
+
+#endif  // QRLSL_ANALYZER_NOUN_DIVIDER_H_
