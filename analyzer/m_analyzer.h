@@ -24,8 +24,6 @@ namespace Quorel {
 
 class Dictionary;
 
-struct SyllableRec;
-
 // One record of the analysis stack: a candidate stem, the endings split off
 // at this level, and their POS bits. Level k+1 analyses a part of the stem
 // of level k; a finished candidate reads the top stem, then the endings from
@@ -113,11 +111,16 @@ class MAnalyzer : public QR_Analyzer {
   // either syllable is missing.
   static bool CheckJoin(const char* stem, const char* ending);
 
-  // ---- Stems (common steps of the predicate handlers) ----
+  // ---- Stems ----
+  // The top stem as a noun of the classes in `mask`, or as an adverb, with
+  // the endings of the levels.
   int NounStem(Eojul& e, uint32_t mask);
+  // The top stem as a plain predicate (VV, VA, VX as `mask` allows) with
+  // the ending as written, then with the fused reading.
   int WholeStem(Eojul& e, uint32_t mask);
 
-  // ---- Routes not built yet (they find nothing) ----
+  // ---- Whole word, mixed tokens, noun analysis and the handlers of sound
+  // changes and stem structure (status words, or as each caller expects) ----
   int AnalyzeWhole(Eojul& e);
   int AnalyzeMixed(Eojul& e);
   int AnalyzeNoun(Eojul& e, int mode, int level);

@@ -92,7 +92,7 @@ std::map<std::string, std::string> SmallKnowledge() {
       {"vv.dic", "먹\n가\n"},
       // 다 reads as written after a closed stem, and as ㄴ다 fused into
       // a final ㄴ (type 5).
-      {"em.dic", "다\t다/EF 0#ㄴ다/EF 0 5\n는다\t는다/EF 1\n"},
+      {"em.dic", "다\t다/EF 0#ㄴ다/EF 0 5\n는다\t는다/EF 1\n기\t기/ETN 0\n"},
       {"js.dic", "가\t가/JK 2\n이\t이/JK 1\n에서\t에서/JK 0\n도\t도/JX 0\n"
                  "는\t는/JX 2\n를\t를/JK 2\n"},
   };

@@ -126,6 +126,20 @@ TEST_F(SplitSearchTest, FusedReadingGivesTheFinalBackToTheEnding) {
   EXPECT_EQ(Candidates(e), (std::vector<std::string>{"가/VV+ㄴ다/EM"}));
 }
 
+TEST_F(SplitSearchTest, NominalisedPredicateBeforeAJosa) {
+  // 먹기 is no noun: 기 is read as the ETN of 먹, and no stem is stored.
+  Eojul& e = fixture.Run("먹기가");
+  EXPECT_EQ(Candidates(e),
+            (std::vector<std::string>{"먹/VV+기/ETN+가/J_"}));
+  EXPECT_EQ(fixture.analyzer.PendingNounEnding(), 0);
+  EXPECT_EQ(fixture.analyzer.NounStage(), 2);
+  // 이 may not follow the open 기: no noun route, no stored stem, and the
+  // josa below refuses the nominalised reading as well.
+  Eojul& refused = fixture.Run("먹기이");
+  EXPECT_EQ(Candidates(refused), (std::vector<std::string>{"먹기이/NNR"}));
+  EXPECT_EQ(fixture.analyzer.PendingNounEnding(), 0);
+}
+
 TEST_F(SplitSearchTest, UnexplainedStemBeforeAJosaIsStored) {
   int result = -1;
   fixture.Analyze("먹어가", kHangul, &result);
