@@ -5,22 +5,28 @@
 
 namespace Quorel {
 
-double MAnalyzer::Score(int candidateIndex, Eojul& e) {
+namespace {
+
+ScoreState StateOf(uint32_t foundMask, int32_t scoreFlow, bool compoundTried) {
   ScoreState state;
   state.foundMask = foundMask;
   state.scoreFlow = scoreFlow;
   state.compoundTried = compoundTried;
-  double score = ScoreCandidate(e, candidateIndex, state);
+  return state;
+}
+
+}  // namespace
+
+double MAnalyzer::Score(int candidateIndex, Eojul& e) {
+  ScoreState state = StateOf(foundMask, scoreFlow, compoundTried);
+  const double score = ScoreCandidate(e, candidateIndex, state);
   scoreFlow = state.scoreFlow;
   return score;
 }
 
 int MAnalyzer::ScoreAllCandidates(Eojul& e) {
-  ScoreState state;
-  state.foundMask = foundMask;
-  state.scoreFlow = scoreFlow;
-  state.compoundTried = compoundTried;
-  int result = ScoreEojul(e, state);
+  ScoreState state = StateOf(foundMask, scoreFlow, compoundTried);
+  const int result = ScoreEojul(e, state);
   scoreFlow = state.scoreFlow;
   return result;
 }
