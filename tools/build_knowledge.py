@@ -1,0 +1,230 @@
+#!/usr/bin/env python3
+"""Builds the knowledge directory from knowledge-src/.
+
+Checks every line of the UTF-8 sources in knowledge-src/, adds the word lists
+that tools/import_hunspell_ko.py makes from the Korean Hunspell dictionary
+(when it is installed), and writes the CP949 source dictionaries under their
+fixed names, preanal.sys.dic and the folder sinfo/ to the output directory.
+With --compiler (the qrl_compile tool) it also writes the compiled qrl.klg.
+
+Usage: build_knowledge.py [--src DIR] [--out DIR] [--compiler PATH]
+                          [--hunspell-dic FILE --hunspell-aff FILE | --no-hunspell]
+Exit status 0, or 1 when a source line is malformed (each one is listed).
+"""
+import argparse
+import os
+import re
+import subprocess
+import sys
+import tempfile
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+sys.path.insert(0, HERE)
+import import_hunspell_ko  # noqa: E402
+
+# The tag names that the POS table knows; any other name would load as 0.
+TAGS = {
+    'EC', 'EF', 'EM', 'EP', 'ETM', 'ETN', 'E_', 'FL', 'IC', 'JC', 'JK', 'JKG',
+    'JX', 'J_', 'MA', 'MAG', 'MAJ', 'MM', 'NFG', 'NFU', 'NNB', 'NNC', 'NNG',
+    'NNI', 'NNP', 'NNR', 'NNU', 'NP', 'NU', 'N_', 'SC', 'SN', 'SNC', 'SND',
+    'UW', 'VA', 'VC', 'VV', 'VX', 'V_', 'XP', 'XSA', 'XSD', 'XSN', 'XSV',
+}
+EOMI_TAGS = {'EC', 'EF', 'EM', 'EP', 'ETM', 'ETN', 'E_'}
+JOSA_TAGS = {'JC', 'JK', 'JKG', 'JX', 'J_'}
+EOMI_TYPES = {0, 5, 9, 17, 19}
+
+ENDING_FILES = ['em.dic', 'js.dic']
+# Main word files; those whose second column is required.
+MAIN_FILES = ['nnb.dic', 'nng.dic', 'np.dic', 'nni.dic', 'nnp.dic', 'nu.dic',
+              'vv.dic', 'va.dic', 'ma.dic', 'mm.dic', 'ic.dic', 'vx.dic']
+WITH_TEXT = {'nnb.dic', 'nnp.dic', 'nu.dic'}
+LIST_FILES = ['xp.dic', 'xsn.dic', 'xsnxsn.dic', 'conj.dic']
+PREANALYSIS = 'preanal.sys.dic'
+
+HANGUL_WORD = re.compile('^@*[가-힣ㄱ-ㅎ]+$')
+
+
+def is_comment(line, main_family):
+    """The loaders' comment rule: empty, or a first character of ; / space."""
+    if not line:
+        return True
+    lead = ';/ \r\n' if main_family else ';/ '
+    return line[0] in lead
+
+
+def check_ending(line, is_josa):
+    """None, or what is wrong with a line of em.dic or js.dic."""
+    key, tab, readings = line.partition('\t')
+    if not tab or not key:
+        return 'no TAB after the key'
+    if not re.fullmatch('[가-힣ㄱ-ㅎ]+', key):
+        return 'the key is not Hangul'
+    for reading in readings.split('#'):
+        fields = reading.split(' ')
+        if len(fields) not in (2, 3):
+            return 'a reading needs form/TAG, attach and type: ' + reading
+        form, slash, tag = fields[0].partition('/')
+        if not slash or not form:
+            return 'no form/TAG in ' + reading
+        if tag not in (JOSA_TAGS if is_josa else EOMI_TAGS):
+            return 'unknown tag ' + tag
+        try:
+            int(fields[1], 16)
+            kind = int(fields[2], 16) if len(fields) == 3 else 0
+        except ValueError:
+            return 'attach and type are hexadecimal: ' + reading
+        if not is_josa and kind not in EOMI_TYPES:
+            return 'an ending type is 0, 5, 9, 11 (17) or 13 (19): ' + reading
+    return None
+
+
+def check_main(line, name):
+    parts = re.split('[\t ]', line, maxsplit=1)
+    word = parts[0].strip()
+    text = parts[1].strip() if len(parts) > 1 else ''
+    if not HANGUL_WORD.match(word):
+        return 'the word is not Hangul: ' + word
+    if word.startswith('@') and name != 'nng.dic':
+        return 'only nng.dic words may carry the @ mark'
+    if name in WITH_TEXT and not text:
+        return 'a composition text is required'
+    if name in ('nnb.dic', 'nu.dic') and not text.isdigit():
+        return 'the composition text is a number'
+    return None
+
+
+def check_list(line):
+    return None if re.fullmatch('[가-힣]+', line.strip()) else 'a key alone'
+
+
+def check_preanalysis(line):
+    eojul, sep, analyses = line.partition('\t')
+    if not sep or not eojul:
+        return 'no TAB after the eojul'
+    for alternative in analyses.split('@'):
+        for morpheme in alternative.split('+'):
+            form, slash, tag = morpheme.rpartition('/')
+            if not slash or not form:
+                return 'no form/TAG in ' + morpheme
+            if tag not in TAGS:
+                return 'unknown tag ' + tag
+    return None
+
+
+def check_line(name, line):
+    if name in ENDING_FILES:
+        return check_ending(line, name == 'js.dic')
+    if name in MAIN_FILES:
+        return check_main(line, name)
+    if name in LIST_FILES:
+        return check_list(line)
+    return check_preanalysis(line)
+
+
+def read_source(path, name):
+    """The lines that carry entries, and a list of (line number, problem)."""
+    entries, problems = [], []
+    main_family = name not in ENDING_FILES
+    with open(path, encoding='utf-8') as f:
+        for number, raw in enumerate(f, 1):
+            line = raw.rstrip('\n')
+            if is_comment(line, main_family):
+                continue
+            problem = check_line(name, line)
+            if problem:
+                problems.append((number, problem))
+            else:
+                entries.append(line)
+    return entries, problems
+
+
+def write_cp949(path, lines):
+    """Writes the lines in CP949; returns those that CP949 can't hold."""
+    lost = []
+    with open(path, 'wb') as f:
+        for line in lines:
+            try:
+                f.write(line.encode('cp949') + b'\n')
+            except UnicodeEncodeError:
+                lost.append(line)
+    return lost
+
+
+def merged(imported, own):
+    """Imported lines first, so that a word of our own has the last word."""
+    seen, out = set(), []
+    for line in imported + own:
+        if line not in seen:
+            seen.add(line)
+            out.append(line)
+    return out
+
+
+def build(src, out, imported_dir=None, compiler=None, log=sys.stderr):
+    """Builds `out` from `src`; returns the number of malformed lines."""
+    os.makedirs(os.path.join(out, 'sinfo'), exist_ok=True)
+    bad = 0
+    for name in ENDING_FILES + MAIN_FILES + LIST_FILES + [PREANALYSIS]:
+        own, problems = [], []
+        path = os.path.join(src, name)
+        if os.path.exists(path):
+            own, problems = read_source(path, name)
+        for number, problem in problems:
+            print('%s:%d: %s' % (path, number, problem), file=log)
+        bad += len(problems)
+        imported = []
+        extra = os.path.join(imported_dir, name) if imported_dir else None
+        if extra and os.path.exists(extra):
+            imported, _ = read_source(extra, name)
+        lines = merged(imported, own)
+        if not lines:
+            continue
+        lost = write_cp949(os.path.join(out, name), lines)
+        if lost:
+            print('%s: %d lines have characters outside CP949, left out'
+                  % (name, len(lost)), file=log)
+    if compiler and bad == 0:
+        result = subprocess.run([compiler, out], stderr=subprocess.PIPE,
+                                universal_newlines=True)
+        if result.stderr:
+            log.write(result.stderr)
+        if result.returncode != 0:
+            print('build_knowledge: %s failed' % compiler, file=log)
+            bad += 1
+    return bad
+
+
+def main(argv):
+    root = os.path.dirname(HERE)
+    parser = argparse.ArgumentParser(description=__doc__.split('\n')[0])
+    parser.add_argument('--src', default=os.path.join(root, 'knowledge-src'))
+    parser.add_argument('--out', default=os.path.join(root, 'knowledge'))
+    parser.add_argument('--compiler', help='the qrl_compile tool')
+    parser.add_argument('--hunspell-dic', default='/usr/share/hunspell/ko_KR.dic')
+    parser.add_argument('--hunspell-aff', default='/usr/share/hunspell/ko_KR.aff')
+    parser.add_argument('--no-hunspell', action='store_true')
+    args = parser.parse_args(argv)
+
+    with tempfile.TemporaryDirectory() as work:
+        imported_dir = None
+        if args.no_hunspell:
+            pass
+        elif os.path.exists(args.hunspell_dic) and os.path.exists(args.hunspell_aff):
+            imported_dir = os.path.join(work, 'hunspell')
+            if import_hunspell_ko.main(['--dic', args.hunspell_dic,
+                                        '--aff', args.hunspell_aff,
+                                        '--out', imported_dir]) != 0:
+                imported_dir = None
+        else:
+            print('build_knowledge: no Hunspell dictionary at %s; building the '
+                  'core vocabulary only' % args.hunspell_dic, file=sys.stderr)
+        bad = build(args.src, args.out, imported_dir, args.compiler)
+    if bad:
+        print('build_knowledge: %d malformed lines' % bad, file=sys.stderr)
+        return 1
+    print('build_knowledge: wrote %s' % args.out)
+    return 0
+
+
+if __name__ == '__main__':
+    sys.exit(main(sys.argv[1:]))
