@@ -20,3 +20,14 @@ if [ ${#need[@]} -gt 0 ]; then
   $SUDO apt-get update -qq
   DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq "${need[@]}"
 fi
+
+# The Korean Hunspell dictionary feeds the knowledge base's open word
+# classes. It is optional: without it the knowledge is built from the core
+# vocabulary of knowledge-src/ alone, so a failure here stops nothing.
+if [ ! -f /usr/share/hunspell/ko_KR.dic ]; then
+  SUDO=""
+  [ "$(id -u)" -ne 0 ] && SUDO="sudo"
+  if [ ${#need[@]} -eq 0 ]; then $SUDO apt-get update -qq || true; fi
+  DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq hunspell-ko \
+    || echo "hunspell-ko is not available: the knowledge gets the core vocabulary only"
+fi

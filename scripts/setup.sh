@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
 # Sets everything up and runs the main job: installs what is missing, builds
-# the library and the command-line tool, and analyses a Korean sample text
-# (or the text given on standard input when it is not a terminal).
+# the library and the command-line tool, builds the knowledge base
+# (knowledge/ from knowledge-src/ and the Korean Hunspell dictionary, and its
+# compiled knowledge/qrl.klg), and analyses a Korean sample text (or the text
+# given on standard input when it is not a terminal).
 # Usage: scripts/setup.sh [build-dir]   (default: build)
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -12,7 +14,9 @@ scripts/install-deps.sh
 cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=Release -DQRLSL_BUILD_TESTS=OFF >/dev/null
 cmake --build "$build" -j"$(nproc)"
 
-echo "Built: $build/libqrlsl.so, $build/libqrlsl.a and $build/qrl"
+python3 tools/build_knowledge.py --out "$root/knowledge" --compiler "$build/qrl_compile" >&2
+
+echo "Built: $build/libqrlsl.so, $build/libqrlsl.a, $build/qrl and knowledge/qrl.klg" >&2
 if [ -t 0 ]; then
   printf '%s\n' "나는 학교에 갔다. 하늘이 맑다!" | "$build/qrl"
 else
