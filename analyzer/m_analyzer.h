@@ -15,6 +15,7 @@
 #include "analyzer/eojul_pool.h"
 #include "eojul/eojul.h"
 #include "eojul/text_stream.h"
+#include "tagger/post_passes.h"
 #include "knowledge/suffix_lists.h"
 #include "qrlsl/qr_analyzer.h"
 #include "text/strings.h"
@@ -178,6 +179,10 @@ class MAnalyzer : public QR_Analyzer {
   // Narrows the view of `e` to the candidates up to the first with a user
   // noun.
   void KeepToUserNoun(Eojul& e);
+  // Runs one of the rebuilding post passes on `e` with the analyzer's
+  // options, `splitEojul` as scratch, and `extraTop` as its added count.
+  void RunPass(void (*pass)(Eojul&, PassContext&), Eojul& e);
+  void WidenAndCut(Eojul& e);
   // The scanner over `line`, then tagging when the output mode asks for it.
   void RunLine();
   std::ostream& Output();
@@ -263,7 +268,8 @@ class MAnalyzer : public QR_Analyzer {
   bool rawOutput = false;
   bool compoundTried = false;
   bool restarted = false;
-  unsigned char extraTop = 0;
+  // Candidates the post passes added beyond option 0; may go negative.
+  signed char extraTop = 0;
   signed char options[kOptionCount] = {};
   int32_t ownership = 0;
   // The Dictionary loaded by the path constructor. It is deleted with the

@@ -14,17 +14,26 @@ void MAnalyzer::AnalyzeAndSelect(Eojul& e) {
   extraTop = 0;
 }
 
-void MAnalyzer::KeepToUserNoun(Eojul& e) {
-  int visible = e.GetListSize();
-  for (int c = 0; c < visible; ++c) {
-    int count = e.GetCount(c);
-    for (int m = 0; m < count; ++m) {
-      uint32_t pos = e.GetPOS(c, m);
-      if ((pos & Pos::N_) != 0 && (pos & (0x8u | 0x2000u)) != 0) {
-        e.SelectTop(static_cast<unsigned char>(c + 1));
-        return;
-      }
-    }
+void MAnalyzer::KeepToUserNoun(Eojul& e) { PassCutAtUserNoun(e); }
+
+void MAnalyzer::RunPass(void (*pass)(Eojul&, PassContext&), Eojul& e) {
+  PassContext context{splitEojul};
+  context.option0 = options[0];
+  context.option17 = options[17];
+  context.compoundTried = compoundTried;
+  context.addedCount = extraTop;
+  pass(e, context);
+  extraTop = context.addedCount;
+}
+
+// Steps 6 and 7 of RunWithEojul: room for added candidates, then the cut at
+// the first user noun.
+void MAnalyzer::WidenAndCut(Eojul& e) {
+  if (extraTop > 0) {
+    e.SelectTop(static_cast<unsigned char>((options[0] + extraTop) & 255));
+  }
+  if ((options[0] > 0 || extraTop >= 1) && options[19] > 0) {
+    KeepToUserNoun(e);
   }
 }
 
@@ -33,25 +42,21 @@ int MAnalyzer::RunWithEojul() {
   Eojul& e = *CurrentEojul();
   if (options[14] != 1 && options[15] != 1) {
     AnalyzeAndSelect(e);
-    if (extraTop > 0) {
-      e.SelectTop(static_cast<unsigned char>((options[0] + extraTop) & 255));
-    }
-    if ((options[0] > 0 || extraTop >= 1) && options[19] > 0) {
-      KeepToUserNoun(e);
-    }
+    if (options[11] == 1) RunPass(PassNumberUnit, e);
+    WidenAndCut(e);
+    if (options[17] > 0) RunPass(PassCompoundAffix, e);
+    if (options[16] == 1) PassOffsets(e);
     return 1;
   }
   // Two stages: analyse a copy, then hand the result back by CopyFrom.
   workEojul.Initialize(true);
   workEojul.SetText(e.GetString(), e.GetType());
   AnalyzeAndSelect(workEojul);
-  if (extraTop > 0) {
-    workEojul.SelectTop(
-        static_cast<unsigned char>((options[0] + extraTop) & 255));
-  }
-  if ((options[0] > 0 || extraTop >= 1) && options[19] > 0) {
-    KeepToUserNoun(workEojul);
-  }
+  if (options[11] == 1) RunPass(PassNumberUnit, workEojul);
+  if (options[15] == 1) RunPass(PassCompoundRun, workEojul);
+  WidenAndCut(workEojul);
+  if (options[14] == 1) RunPass(PassCompoundPrefixSuffix, workEojul);
+  if (options[16] == 1) PassOffsets(workEojul);
   e.CopyFrom(workEojul);
   return 1;
 }
@@ -66,6 +71,8 @@ void MAnalyzer::FlushToken(const char* token, unsigned type, int tokenStart) {
   e.SetOffset(tokenStart);
   if (options[0] > 0) e.SelectTop(static_cast<unsigned char>(options[0]));
   extraTop = 0;
+  if (options[17] > 0) RunPass(PassCompoundAffix, e);
+  if (options[11] == 1) RunPass(PassNumberUnit, e);
   if (extraTop > 0) {
     e.SelectTop(static_cast<unsigned char>((options[0] + extraTop) & 255));
   }
