@@ -1,0 +1,67 @@
+// Test support for the divider suites: CP949 from UTF-8 literals through the
+// library's converter, a scratch knowledge directory, and a readable form of
+// the divider's pattern string.
+#ifndef QRLSL_TESTS_NOUN_DIVIDER_DIVIDER_HELPERS_H_
+#define QRLSL_TESTS_NOUN_DIVIDER_DIVIDER_HELPERS_H_
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "analyzer/noun_divider.h"
+#include "knowledge/dictionary.h"
+
+namespace Quorel {
+namespace testing_divider {
+
+// UTF-8 to CP949 and back with ToWide/FromWide.
+std::string Cp949(const std::string& utf8);
+std::string Utf8(const std::string& cp949);
+
+// A fresh directory under the system's temporary directory, removed with
+// everything in it at destruction.
+class TempDir {
+ public:
+  TempDir();
+  ~TempDir();
+  TempDir(const TempDir&) = delete;
+  TempDir& operator=(const TempDir&) = delete;
+  const std::string& Path() const { return path; }
+  // Writes name with the CP949 form of the UTF-8 content.
+  void Write(const std::string& name, const std::string& utf8) const;
+
+ private:
+  std::string path;
+};
+
+// Source files by name (UTF-8 content); every file of the knowledge
+// directory that isn't given is written empty.
+using SourceFiles = std::map<std::string, std::string>;
+
+// A Dictionary loaded from the source files, with the directory kept alive.
+struct Knowledge {
+  TempDir dir;
+  Dictionary dictionary{false};
+};
+std::unique_ptr<Knowledge> LoadKnowledge(const SourceFiles& files);
+
+// The small knowledge most cases share: a few nouns, josa with their attach
+// masks, suffix, prefix and conjunction lists, stored divisions and
+// frequencies.
+const SourceFiles& SmallFiles();
+
+// The pattern string in words: "$", "%", or the first byte as a number, ":",
+// then the groups separated by "@", each element as its letter (if any) and
+// length, elements separated by ",". A missing '$' shows as "<open>".
+std::string Render(const char* output);
+
+// Rows of the divider that are alive after Enumerate.
+std::vector<int> LiveRows(const NounDivider& d);
+// A row in words: the elements as in Render, letters of plain nouns as "".
+std::string RowShape(const NounDivider& d, int row);
+
+}  // namespace testing_divider
+}  // namespace Quorel
+
+#endif  // QRLSL_TESTS_NOUN_DIVIDER_DIVIDER_HELPERS_H_
