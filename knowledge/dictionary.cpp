@@ -117,11 +117,17 @@ bool Dictionary::CompileKnowledge(const char* path, const char* outputPath) {
   return SaveCompiled(outputPath) >= 1;
 }
 
-int Dictionary::LoadEojulRules(const char*) { return 0; }
+int Dictionary::LoadEojulRules(const char* path) {
+  return LoadEojulRuleFile(*this, path);
+}
 
-int Dictionary::LoadGroupRules(const char*) { return 0; }
+int Dictionary::LoadGroupRules(const char* path) {
+  return LoadGroupRuleFile(*this, path);
+}
 
-int Dictionary::LoadTagLists(const char*) { return 0; }
+int Dictionary::LoadTagLists(const char* path) {
+  return LoadTagListFiles(*this, path);
+}
 
 void Dictionary::SetTaggerWeights(double w1, double w2, double w3, double w4,
                                   double w5) {

@@ -12,7 +12,9 @@
 #include <vector>
 
 #include "knowledge/je_info_pool.h"
+#include "knowledge/rule_files.h"
 #include "knowledge/suffix_lists.h"
+#include "knowledge/tagger_files.h"
 #include "knowledge/text_pool.h"
 #include "qrlsl/qr_knowledge.h"
 #include "text/strings.h"
@@ -47,7 +49,8 @@ class Dictionary : public QR_Knowledge {
   int LoadPreAnalysis(const char* path, const char* fileName,
                       bool overwrite) override;
   bool CompileKnowledge(const char* path, const char* outputPath) override;
-  // The tagger's rule and frequency files are not read yet: these return 0.
+  // The tagger's files under path/sinfo: erule.klg, grule.klg (1, or 0 when
+  // unreadable) and the four frequency files (always 1).
   int LoadEojulRules(const char* path) override;
   int LoadGroupRules(const char* path) override;
   int LoadTagLists(const char* path) override;
@@ -151,11 +154,14 @@ class Dictionary : public QR_Knowledge {
   QR_DaTrie xsnTrie;
   QR_DaTrie xsnxsnTrie;
   QR_DaTrie conjTrie;
+  std::vector<Grule> groupRules;
   QR_DaTrie eojulRuleTrie;
   QR_DaTrie tagListTrie;
   QR_DaTrie wordTotalTrie;
   std::map<int32_t, int32_t> tagListIndex;
   QR_DaTrie wordTagTrie;
+  std::vector<TagListInfoList> tagListInfos;
+  std::vector<TagListInfoList> wordListInfos;
   StringEx scratch;
   int32_t littleEndian = 1;  // 0 swaps the compiled file's numbers
   int32_t endianProbe = 0;
