@@ -32,6 +32,8 @@ TAGS = {
 EOMI_TAGS = {'EC', 'EF', 'EM', 'EP', 'ETM', 'ETN', 'E_'}
 JOSA_TAGS = {'JC', 'JK', 'JKG', 'JX', 'J_'}
 EOMI_TYPES = {0, 5, 9, 17, 19}
+# The jamo that a fused ending of each type begins with.
+FUSED_JAMO = {5: 'ㄴ', 9: 'ㄹ', 17: 'ㅁ', 19: 'ㅂ'}
 
 ENDING_FILES = ['em.dic', 'js.dic']
 # Main word files; those whose second column is required.
@@ -75,6 +77,10 @@ def check_ending(line, is_josa):
             return 'attach and type are hexadecimal: ' + reading
         if not is_josa and kind not in EOMI_TYPES:
             return 'an ending type is 0, 5, 9, 11 (17) or 13 (19): ' + reading
+        if not is_josa and kind in FUSED_JAMO and not form.startswith(FUSED_JAMO[kind]):
+            return 'a fused ending of this type begins with ' + FUSED_JAMO[kind]
+        if not is_josa and kind == 0 and form[0] in 'ㄴㄹㅁㅂ':
+            return 'an ending that begins with a jamo is fused: give its type'
     return None
 
 

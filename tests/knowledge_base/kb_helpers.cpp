@@ -1,0 +1,66 @@
+#include "knowledge_base/kb_helpers.h"
+
+#include <sys/wait.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "gtest/gtest.h"
+#include "text/charset.h"
+
+namespace kbtest {
+
+std::string FreshDir(const std::string& name) {
+  std::filesystem::path dir =
+      std::filesystem::path(testing::TempDir()) / ("kb_" + name);
+  std::filesystem::remove_all(dir);
+  std::filesystem::create_directories(dir);
+  return dir.string();
+}
+
+int Run(const std::string& command, std::string* errors) {
+  std::string errorFile = FreshDir("stderr") + "/err.txt";
+  int status = std::system((command + " >/dev/null 2>" + errorFile).c_str());
+  if (errors != nullptr) *errors = ReadFile(errorFile);
+  if (status == -1 || !WIFEXITED(status)) return -1;
+  return WEXITSTATUS(status);
+}
+
+namespace {
+std::string Convert(const std::string& text, const char* from, const char* to) {
+  Quorel::WideChar* wide = Quorel::ToWide(text.c_str(), from);
+  char* bytes = Quorel::FromWide(wide, to);
+  std::string result = bytes == nullptr ? "" : bytes;
+  Quorel::FreeBytes(bytes);
+  Quorel::FreeWide(wide);
+  return result;
+}
+}  // namespace
+
+std::string Cp949(const std::string& utf8) { return Convert(utf8, "utf-8", "cp949"); }
+std::string Utf8(const std::string& cp949) { return Convert(cp949, "cp949", "utf-8"); }
+
+const std::string& CoreKnowledgeDir() {
+  static const std::string dir = [] {
+    std::string out = FreshDir("core");
+    std::string errors;
+    int status = Run(std::string("python3 ") + QRLSL_SOURCE_DIR +
+                         "/tools/build_knowledge.py --no-hunspell --out " + out,
+                     &errors);
+    EXPECT_EQ(status, 0) << errors;
+    return out;
+  }();
+  return dir;
+}
+
+std::string ReadFile(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+}  // namespace kbtest
