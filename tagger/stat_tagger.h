@@ -1,0 +1,44 @@
+// StatTagger: the second pass of tagging mode 1. For each eojul still open it
+// weighs every (current, next) tag-list pair by the counts of the frequency
+// files, given the previous eojul's chosen tag list, and places the best; a
+// word known under one tag list decides alone when no pair is counted, and
+// the cascade's tail decides when nothing is known.
+#ifndef QRLSL_TAGGER_STAT_TAGGER_H_
+#define QRLSL_TAGGER_STAT_TAGGER_H_
+
+#include <string>
+
+#include "tagger/stat_model.h"
+#include "tagger/tagger_pass.h"
+
+namespace Quorel {
+
+class Dictionary;
+
+class StatTagger : public TaggerPass {
+ public:
+  // Tags `input` into `results`.
+  void StatTag();
+
+  const Dictionary* dictionary = nullptr;
+  StatInfo sinfo;
+
+ private:
+  // prevId and prevProb from the chosen previous eojul, or "FOS".
+  void LeftContext(int i);
+  // nextIds and nextWord from the next eojul's candidates, or "EOS".
+  void RightContext(int i);
+  // curIds, curFreq, curWord and the pair probabilities; 1 when a pair was
+  // counted for some candidate.
+  int CurrentWord();
+  // count / total of the word key's block, 0 when unknown or not positive.
+  double WordProbability(const char* surface, const std::string& tagList,
+                         int32_t total);
+
+  std::string tagList;
+  std::string wordKey;
+};
+
+}  // namespace Quorel
+
+#endif  // QRLSL_TAGGER_STAT_TAGGER_H_
