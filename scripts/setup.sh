@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # Sets everything up and runs the main job: installs what is missing, builds
 # the library and the command-line tool, builds the knowledge base
-# (knowledge/ from knowledge-src/ and the Korean Hunspell dictionary, and its
-# compiled knowledge/qrl.klg), and analyses a Korean sample text (or the text
-# given on standard input when it is not a terminal).
+# (<build>/knowledge/ from knowledge-src/ and the Korean Hunspell dictionary,
+# with its compiled qrl.klg, which qrl finds beside its executable), and
+# analyses a Korean sample text (or the text given on standard input when it
+# is not a terminal).
 # Usage: scripts/setup.sh [build-dir]   (default: build)
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -14,9 +15,9 @@ scripts/install-deps.sh
 cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=Release -DQRLSL_BUILD_TESTS=OFF >/dev/null
 cmake --build "$build" -j"$(nproc)"
 
-python3 tools/build_knowledge.py --out "$root/knowledge" --compiler "$build/qrl_compile" >&2
+python3 tools/build_knowledge.py --out "$build/knowledge" --compiler "$build/qrl_compile" >&2
 
-echo "Built: $build/libqrlsl.so, $build/libqrlsl.a, $build/qrl and knowledge/qrl.klg" >&2
+echo "Built: $build/libqrlsl.so, $build/libqrlsl.a, $build/qrl and $build/knowledge/qrl.klg" >&2
 if [ -t 0 ]; then
   printf '%s\n' "나는 학교에 갔다. 하늘이 맑다!" | "$build/qrl"
 else

@@ -204,7 +204,7 @@ def main(argv):
     root = os.path.dirname(HERE)
     parser = argparse.ArgumentParser(description=__doc__.split('\n')[0])
     parser.add_argument('--src', default=os.path.join(root, 'knowledge-src'))
-    parser.add_argument('--out', default=os.path.join(root, 'knowledge'))
+    parser.add_argument('--out', default=os.path.join(root, 'build', 'knowledge'))
     parser.add_argument('--compiler', help='the qrl_compile tool')
     parser.add_argument('--hunspell-dic', default='/usr/share/hunspell/ko_KR.dic')
     parser.add_argument('--hunspell-aff', default='/usr/share/hunspell/ko_KR.aff')
