@@ -2,7 +2,9 @@
 // compounds, unknown pieces, josa tails and the pattern string's forms.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstring>
+#include <random>
 #include <vector>
 
 #include "noun_divider/divider_helpers.h"
@@ -161,6 +163,30 @@ TEST_F(DivideTest, OutputIsBoundedForLongWords) {
   EXPECT_NE("<open>", shape);
   EXPECT_LE(divider.rowCount, kDivRows);
   EXPECT_LE(static_cast<int>(divider.hits.size()), kMaxDivHits);
+}
+
+TEST_F(DivideTest, ArbitraryBytesNeverLeaveTheBounds) {
+  // Pieces of known words, josa, suffixes, ASCII and stray bytes, joined at
+  // random (fixed seed): every answer is closed and every score finite.
+  const std::vector<std::string> parts = {
+      Cp949("국가"), Cp949("경제"), Cp949("정책"), Cp949("관광공사"),
+      Cp949("신"),   Cp949("들"),   Cp949("의"),   Cp949("부터"),
+      Cp949("및"),   Cp949("개"),   Cp949("뷁"),   "A",
+      "7",           "\xB0",        "\xC8\xFE",    "@$"};
+  std::mt19937 random(7);
+  for (int round = 0; round < 3000; ++round) {
+    std::string word;
+    const int count = 1 + static_cast<int>(random() % 12);
+    for (int i = 0; i < count; ++i) word += parts[random() % parts.size()];
+    for (int mode : {0, 1, 2, 3, 4, 10}) {
+      const std::string shape = Render(divider.Divide(word.c_str(), mode));
+      ASSERT_NE("<open>", shape);
+      ASSERT_LE(std::strlen(divider.output), kDivOutputSize - 1u);
+      for (int k = 0; k < kDivRows; ++k) {
+        ASSERT_TRUE(std::isfinite(divider.GetPatternScore(k)));
+      }
+    }
+  }
 }
 
 }  // namespace
