@@ -3,8 +3,7 @@
 # the library and the command-line tool, builds the knowledge base
 # (<build>/knowledge/ from knowledge-src/ and the Korean Hunspell dictionary,
 # with its compiled qrl.klg, which qrl finds beside its executable), and
-# analyses a Korean sample text (or the text given on standard input when it
-# is not a terminal).
+# analyses a Korean sample text.
 # Usage: scripts/setup.sh [build-dir]   (default: build)
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -18,8 +17,5 @@ cmake --build "$build" -j"$(nproc)"
 python3 tools/build_knowledge.py --out "$build/knowledge" --compiler "$build/qrl_compile" >&2
 
 echo "Built: $build/libqrlsl.so, $build/libqrlsl.a, $build/qrl and $build/knowledge/qrl.klg" >&2
-if [ -t 0 ]; then
-  printf '%s\n' "나는 학교에 갔다. 하늘이 맑다!" | "$build/qrl"
-else
-  "$build/qrl"
-fi
+printf '%s\n' "나는 학교에 갔다. 하늘이 맑다!" | "$build/qrl" -f tsv
+echo "Analyse your own text: $build/qrl < text.txt   (options: $build/qrl --help)" >&2
