@@ -211,30 +211,16 @@ void NounDivider::CopyStoredDivision(const char* text, bool userNoun) {
   int32_t at = 1;
   int groups = 1;
   for (int32_t i = 0; text[i] != '\0' && at < kOutputLimit - 2;) {
-    const char c = text[i];
-    int32_t length = 0;
-    char letter = userNoun ? 'N' : 0;
-    if (c >= '1' && c <= '9') {
-      length = c - '0';
-      ++i;
-    } else if (c >= 'a' && c <= 'z') {
-      length = 10 + (c - 'a');
-      ++i;
-    } else if (c == '@') {
+    if (text[i] == '@') {
       output[at++] = '@';
       ++groups;
       ++i;
       continue;
-    } else if (c == '0') {
-      ++i;  // a piece of no length can't stand in the string
-      continue;
-    } else {
-      while (text[i] == c) {
-        ++length;
-        ++i;
-      }
-      letter = c;
     }
+    int32_t length = 0;
+    char letter = 0;
+    if (!ReadStoredPiece(text, i, length, letter)) continue;
+    if (letter == 0 && userNoun) letter = 'N';
     if (length > kMaxWrittenLength) length = kMaxWrittenLength;
     if (IsMarkedLetter(letter)) output[at++] = letter;
     output[at++] = static_cast<char>(length);

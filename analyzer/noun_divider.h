@@ -55,6 +55,13 @@ extern const LengthPattern LengthPatterns[kLengthPatternCount];
 // The table value of code, found by binary search; 0.0 when absent.
 double LengthPatternValue(int32_t code);
 
+// Reads the piece of a stored division text that starts at text[i] (not
+// NUL, not '@') and moves i behind it: a digit 1..9 or a letter a..z (10 and
+// on) is a length with letter 0; a run of n equal other bytes is that letter
+// with length n. Returns false for a "0", which is no piece.
+bool ReadStoredPiece(const char* text, int32_t& i, int32_t& length,
+                     char& letter);
+
 // The pattern string that Divide returns:
 //   byte 0      number of groups (255 while no group stands)
 //   per group   per element its length in syllables as a byte, preceded by

@@ -62,25 +62,11 @@ int NounDivider::WriteDivision(int row, int pos, int hit, char letter,
                                const char* text) {
   int p = pos;
   for (int32_t i = 0; text[i] != '\0' && text[i] != '@';) {
-    const char c = text[i];
     int32_t length = 0;
-    char pieceLetter = letter == 'N' ? 'N' : ' ';
-    if (c >= '1' && c <= '9') {
-      length = c - '0';
-      ++i;
-    } else if (c >= 'a' && c <= 'z') {
-      length = 10 + (c - 'a');
-      ++i;
-    } else if (c == '0') {
-      ++i;
-      continue;
-    } else {
-      while (text[i] == c) {
-        ++length;
-        ++i;
-      }
-      pieceLetter = c;
-    }
+    char stored = 0;
+    if (!ReadStoredPiece(text, i, length, stored)) continue;
+    const char pieceLetter =
+        stored != 0 ? stored : (letter == 'N' ? 'N' : ' ');
     AddElement(row, p, 2 * length, pieceLetter);
     if (p < kDivElements) {
       rows[row].elements[p].weight += 2;
@@ -92,6 +78,27 @@ int NounDivider::WriteDivision(int row, int pos, int hit, char letter,
   splitFlag = 1;
   lastSpan = p - pos;
   return p - 1;
+}
+
+bool ReadStoredPiece(const char* text, int32_t& i, int32_t& length,
+                     char& letter) {
+  const char c = text[i];
+  letter = 0;
+  length = 0;
+  if (c >= '0' && c <= '9') {
+    length = c - '0';
+    ++i;
+  } else if (c >= 'a' && c <= 'z') {
+    length = 10 + (c - 'a');
+    ++i;
+  } else {
+    while (text[i] == c) {
+      ++length;
+      ++i;
+    }
+    letter = c;
+  }
+  return length > 0;
 }
 
 char NounDivider::LetterAt(int row, int i) const {

@@ -17,29 +17,16 @@ using testing_divider::LiveRows;
 using testing_divider::Render;
 using testing_divider::RowShape;
 
-class DivideTest : public ::testing::Test {
+class DivideTest : public testing_divider::SmallKnowledgeTest {
  protected:
-  static void SetUpTestSuite() {
-    knowledge = testing_divider::LoadKnowledge(testing_divider::SmallFiles())
-                    .release();
-  }
-  static void TearDownTestSuite() {
-    delete knowledge;
-    knowledge = nullptr;
-  }
-  void SetUp() override { divider.Bind(&knowledge->dictionary); }
 
   std::string Divide(const std::string& utf8, int mode) {
     text = Cp949(utf8);
     return Render(divider.Divide(text.c_str(), mode));
   }
 
-  static testing_divider::Knowledge* knowledge;
-  NounDivider divider;
   std::string text;
 };
-
-testing_divider::Knowledge* DivideTest::knowledge = nullptr;
 
 TEST_F(DivideTest, ButeoAndKkajiAloneAreAJosa) {
   EXPECT_EQ("1:J2", Divide("부터", 0));

@@ -66,6 +66,8 @@ std::unique_ptr<Knowledge> LoadKnowledge(const SourceFiles& files) {
   return k;
 }
 
+Knowledge* SmallKnowledgeTest::knowledge = nullptr;
+
 const SourceFiles& SmallFiles() {
   static const SourceFiles files = {
       {"js.dic",

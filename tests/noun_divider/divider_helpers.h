@@ -4,6 +4,8 @@
 #ifndef QRLSL_TESTS_NOUN_DIVIDER_DIVIDER_HELPERS_H_
 #define QRLSL_TESTS_NOUN_DIVIDER_DIVIDER_HELPERS_H_
 
+#include <gtest/gtest.h>
+
 #include <map>
 #include <memory>
 #include <string>
@@ -50,6 +52,23 @@ std::unique_ptr<Knowledge> LoadKnowledge(const SourceFiles& files);
 // masks, suffix, prefix and conjunction lists, stored divisions and
 // frequencies.
 const SourceFiles& SmallFiles();
+
+// A suite on SmallFiles(), loaded once; each test has a fresh divider bound
+// to it.
+class SmallKnowledgeTest : public ::testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    knowledge = LoadKnowledge(SmallFiles()).release();
+  }
+  static void TearDownTestSuite() {
+    delete knowledge;
+    knowledge = nullptr;
+  }
+  void SetUp() override { divider.Bind(&knowledge->dictionary); }
+
+  static Knowledge* knowledge;
+  NounDivider divider;
+};
 
 // The pattern string in words: "$", "%", or the first byte as a number, ":",
 // then the groups separated by "@", each element as its letter (if any) and

@@ -57,17 +57,8 @@ class LogCapture {
   std::uintmax_t start = 0;
 };
 
-class IndexWordsTest : public ::testing::Test {
+class IndexWordsTest : public testing_divider::SmallKnowledgeTest {
  protected:
-  static void SetUpTestSuite() {
-    knowledge = testing_divider::LoadKnowledge(testing_divider::SmallFiles())
-                    .release();
-  }
-  static void TearDownTestSuite() {
-    delete knowledge;
-    knowledge = nullptr;
-  }
-  void SetUp() override { divider.Bind(&knowledge->dictionary); }
 
   int Extract(const std::string& utf8) {
     return divider.ExtractIndexWords(Cp949(utf8).c_str());
@@ -80,11 +71,7 @@ class IndexWordsTest : public ::testing::Test {
     return words;
   }
 
-  static testing_divider::Knowledge* knowledge;
-  NounDivider divider;
 };
-
-testing_divider::Knowledge* IndexWordsTest::knowledge = nullptr;
 
 TEST_F(IndexWordsTest, PrefixPieceSuffixGivesThreeWords) {
   EXPECT_EQ(3, Extract("신한국인들"));

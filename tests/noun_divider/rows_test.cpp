@@ -32,18 +32,10 @@ void SetRow(NounDivider& d, int k, std::initializer_list<Piece> pieces,
   if (d.rowCount < k + 1) d.rowCount = k + 1;
 }
 
-class RowsTest : public ::testing::Test {
+class RowsTest : public testing_divider::SmallKnowledgeTest {
  protected:
-  static void SetUpTestSuite() {
-    knowledge = testing_divider::LoadKnowledge(testing_divider::SmallFiles())
-                    .release();
-  }
-  static void TearDownTestSuite() {
-    delete knowledge;
-    knowledge = nullptr;
-  }
   void SetUp() override {
-    divider.Bind(&knowledge->dictionary);
+    SmallKnowledgeTest::SetUp();
     divider.Divide(Cp949("뷁뷁뷁뷁").c_str(), 0);  // a clean slate
     for (DivRow& r : divider.rows) r = DivRow{};
     for (int& s : divider.selected) s = -1;
@@ -58,11 +50,7 @@ class RowsTest : public ::testing::Test {
     return Render(divider.output);
   }
 
-  static testing_divider::Knowledge* knowledge;
-  NounDivider divider;
 };
-
-testing_divider::Knowledge* RowsTest::knowledge = nullptr;
 
 TEST_F(RowsTest, EqualShapesKeepTheHigherWeightAndTheFirstOnATie) {
   SetRow(divider, 0, {{' ', 2}, {' ', 2}}, 0, 5.0);
