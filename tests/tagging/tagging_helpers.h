@@ -1,0 +1,125 @@
+// Test support for the tagger suites (header only, shared by the rule and
+// tagging suites): CP949 from UTF-8 literals, hand-built eojuls and
+// sentences, and a knowledge directory whose sinfo files are written in
+// CP949 into a temporary directory.
+#ifndef QRLSL_TESTS_TAGGING_TAGGING_HELPERS_H_
+#define QRLSL_TESTS_TAGGING_TAGGING_HELPERS_H_
+
+#include <stdlib.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "eojul/eojul.h"
+#include "eojul/tag_set.h"
+#include "text/charset.h"
+
+namespace Quorel {
+namespace testing_tagger {
+
+inline std::string Convert(const std::string& text, const char* from,
+                           const char* to) {
+  WideChar* wide = ToWide(text.c_str(), from);
+  char* bytes = FromWide(wide, to);
+  std::string result = bytes != nullptr ? bytes : "";
+  FreeBytes(bytes);
+  FreeWide(wide);
+  return result;
+}
+
+inline std::string Cp949(const std::string& utf8) {
+  return Convert(utf8, "utf-8", "cp949");
+}
+
+inline std::string Utf8(const char* cp949) {
+  return Convert(cp949 != nullptr ? cp949 : "", "cp949", "utf-8");
+}
+
+// One morpheme of a hand-built candidate: UTF-8 form and POS mask.
+struct M {
+  const char* form;
+  uint32_t pos;
+};
+
+// Starts an eojul with a Hangul surface (type bit 0x04 unless given).
+inline void Start(Eojul& e, const std::string& utf8, unsigned type = 0x04) {
+  e.SetText(Cp949(utf8).c_str(), type);
+}
+
+inline void AddCandidate(Eojul& e, std::initializer_list<M> morphemes,
+                         double score) {
+  e.BeginCandidate();
+  for (const M& m : morphemes) e.AddMorpheme(Cp949(m.form).c_str(), m.pos);
+  e.SetCandidateScore(score);
+  e.EndCandidate();
+}
+
+// Candidate c as "form/TAG+form/TAG" in UTF-8.
+inline std::string Show(Eojul& e, int c) {
+  std::string shown;
+  for (int m = 0; m < e.GetCount(c); ++m) {
+    if (m > 0) shown += "+";
+    shown += Utf8(e.GetLexicon(c, m)) + "/" + e.GetStrPOS(c, m);
+  }
+  return shown;
+}
+
+// A sentence built eojul by eojul: Add starts an eojul, Candidate fills it.
+class SentenceBuilder {
+ public:
+  SentenceBuilder& Add(const std::string& utf8, unsigned type = 0x04) {
+    Eojul e;
+    Start(e, utf8, type);
+    e.SetOffset(offset);
+    offset += static_cast<int>(utf8.size());
+    sentence.push_back(e);
+    return *this;
+  }
+  SentenceBuilder& Candidate(std::initializer_list<M> morphemes,
+                             double score) {
+    AddCandidate(sentence.back(), morphemes, score);
+    return *this;
+  }
+  std::vector<Eojul> sentence;
+
+ private:
+  int offset = 0;
+};
+
+// A knowledge path with a "sinfo" directory; files are written in CP949.
+class SinfoDirectory {
+ public:
+  SinfoDirectory() {
+    std::string pattern =
+        (std::filesystem::temp_directory_path() / "qrl_tagger_XXXXXX").string();
+    std::vector<char> buffer(pattern.begin(), pattern.end());
+    buffer.push_back('\0');
+    path = mkdtemp(buffer.data());
+    std::filesystem::create_directory(std::filesystem::path(path) / "sinfo");
+  }
+  ~SinfoDirectory() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path, ignored);
+  }
+  SinfoDirectory(const SinfoDirectory&) = delete;
+  SinfoDirectory& operator=(const SinfoDirectory&) = delete;
+
+  void Write(const std::string& name, const std::string& utf8) {
+    std::ofstream out(std::filesystem::path(path) / "sinfo" / name,
+                      std::ios::binary);
+    out << Cp949(utf8);
+  }
+  const char* Path() const { return path.c_str(); }
+
+ private:
+  std::string path;
+};
+
+}  // namespace testing_tagger
+}  // namespace Quorel
+
+#endif  // QRLSL_TESTS_TAGGING_TAGGING_HELPERS_H_
