@@ -310,7 +310,9 @@ void NounDivider::FinishOutput(uint32_t tag, int32_t end) {
   int keptCount = 0;
   int group = 0;
   for (int32_t p = 1; p < end;) {
+    // groupText holds the group between two '@', the form seenText keeps.
     groupText.Clear();
+    groupText.Append('@');
     int32_t lastStart = -1;
     while (p < end && output[p] != '@') {
       const char c = output[p];
@@ -335,15 +337,12 @@ void NounDivider::FinishOutput(uint32_t tag, int32_t end) {
       }
     }
     if (p < end) ++p;  // the '@'
-    if (!groupText.IsEmpty()) {
-      StringEx key("@");
-      key.Append(groupText);
-      key.Append('@');
-      if (seenText.FindString(key.CStr()) < 0) {
+    if (groupText.Length() > 1) {
+      groupText.Append('@');
+      if (seenText.FindString(groupText.CStr()) < 0) {
         if (!patternText.IsEmpty()) patternText.Append('@');
-        patternText.Append(groupText);
-        seenText.Append(groupText);
-        seenText.Append('@');
+        patternText.Append(groupText.CStr() + 1, groupText.Length() - 2);
+        seenText.Append(groupText.CStr() + 1);
         if (keptCount < kDivRows) {
           kept[keptCount++] = group < kDivRows ? selected[group] : -1;
         }

@@ -39,7 +39,7 @@ jeInfo JosaReading(const Dictionary& d, const char* key, int32_t len) {
 
 int NounDivider::Enumerate(const char* text) {
   ClearRows();
-  word = text != nullptr ? text : "";
+  if (text != word.CStr()) word = text != nullptr ? text : "";
   wordLength = word.Length();
   const char* w = word.CStr();
   hits.clear();
