@@ -1,7 +1,8 @@
 // Enumerate of NounDivider: walks the word into rows, then weighs each
 // element by what the dictionary says of it, drops rows that don't cover the
 // word or repeat another, and scores the rest by the length table and the
-// joint and position frequencies.
+// joint and position frequencies. Each element starts from the weight the
+// walk gave it; a rule with a plain value replaces it, a signed step adds.
 #include <cstdlib>
 #include <cstring>
 

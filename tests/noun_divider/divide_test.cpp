@@ -114,6 +114,17 @@ TEST_F(DivideTest, UnknownPiecesStayUnknownAndOneSyllableJoinsItsLeftPiece) {
   EXPECT_EQ("2,U1,2", RowShape(divider, 0));
 }
 
+TEST_F(DivideTest, OneSyllableConjunctionAndPrefixGetTheirLetters) {
+  // 및 between two nouns is found in the conjunction list.
+  EXPECT_EQ("1:2,C1,2", Divide("국가및경제", 0));
+  // 신 before the only hit is a prefix: weight 1, less 3 as no hit starts
+  // at 0, and 국가 7 + 3 for the one hit after byte 0; code 3 -> 1.3, and
+  // 국가 as the first piece 1000 / 500.
+  EXPECT_EQ("1:X1,2", Divide("신국가", 0));
+  EXPECT_DOUBLE_EQ(8.0, divider.weightSum[0]);
+  EXPECT_DOUBLE_EQ((130.0 + 2.0) / 1000.0 + 0.8, divider.GetPatternScore(0));
+}
+
 TEST_F(DivideTest, ThreeSyllableWordsCarryDigitLengthsInTheEndingModes) {
   EXPECT_EQ("1:1,2", Divide("책학교", 0));
   Divide("책학교", 2);
