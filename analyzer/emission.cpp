@@ -24,27 +24,64 @@ int MAnalyzer::Emit(Eojul& e, uint32_t mask) {
   return RouteStatus::kCandidate;
 }
 
-int MAnalyzer::EmitEo(Eojul& e, uint32_t mask) {
-  if (!levels[levelIndex].ending.IsEmpty()) return Emit(e, mask);
+int MAnalyzer::EmitLed(Eojul& e, uint32_t mask, const char* lead) {
+  if (lead == nullptr || !levels[levelIndex].ending.IsEmpty()) {
+    return Emit(e, mask);
+  }
   e.BeginCandidate();
   e.AddMorpheme(levels[levelIndex].stem.CStr(), mask);
-  e.AddMorpheme(Hangul::kEo, Pos::EM);
+  e.AddMorpheme(lead, Pos::EM);
   e.EndCandidate();
   return RouteStatus::kCandidate;
 }
 
+int MAnalyzer::EmitEo(Eojul& e, uint32_t mask) {
+  return EmitLed(e, mask, Hangul::kEo);
+}
+
+int MAnalyzer::EmitPredicate(Eojul& e, uint32_t bits, const char* lead) {
+  if ((bits & Pos::V_) == 0) return 0;
+  int status = 0;
+  // Both readings when both bits are set; the verb first.
+  if ((bits & 0x80) != 0) status |= EmitLed(e, Pos::VV, lead);
+  if ((bits & 0x100) != 0) status |= EmitLed(e, Pos::VA, lead);
+  return status;
+}
+
+uint32_t MAnalyzer::Lookup(const StringEx& key, uint32_t* marks) const {
+  SearchInfo si;
+  const uint32_t bits = Knowledge()->SearchMain(key, si) != 0 ? si.info.bits : 0;
+  if (marks != nullptr) *marks = bits != 0 ? si.info.marks : 0;
+  return bits;
+}
+
+bool MAnalyzer::LeadEo(const char* lead) {
+  LevelRec& level = levels[levelIndex];
+  if ((level.endingBits & Pos::EM) != Pos::EM ||
+      level.ending.StartsWith(Hangul::kA) ||
+      level.ending.StartsWith(Hangul::kEo)) {
+    return false;
+  }
+  level.ending.Replace(0, 0, lead);
+  return true;
+}
+
+void MAnalyzer::UndoLeadEo(bool noted) {
+  if (noted) levels[levelIndex].ending.Replace(0, 2, "");
+}
+
 void MAnalyzer::UseFused(Eojul& e) {
   LevelRec& level = levels[levelIndex];
-  workText = level.ending;
-  fusedSavedBits = level.endingBits;
+  heldEndings[levelIndex] = level.ending;
+  heldBits[levelIndex] = level.endingBits;
   SetEnding(level, curJongJe.text != nullptr ? curJongJe.text : "", e);
   level.endingBits = curJongJe.bits;
 }
 
 void MAnalyzer::UndoFused() {
   LevelRec& level = levels[levelIndex];
-  level.ending = workText;
-  level.endingBits = fusedSavedBits;
+  level.ending = heldEndings[levelIndex];
+  level.endingBits = heldBits[levelIndex];
 }
 
 int MAnalyzer::Finish(int status) {
@@ -52,7 +89,9 @@ int MAnalyzer::Finish(int status) {
   return status;
 }
 
-int MAnalyzer::AuxSplit() {
+int MAnalyzer::AuxSplit() { return AuxSplitWith(false); }
+
+int MAnalyzer::AuxSplitWith(bool eoOnLevelZero) {
   LevelRec& level = levels[levelIndex];
   if (Knowledge()->avList.Find(level.stem, avPositions) == 0) {
     return RouteStatus::kNoSyllable;
@@ -65,7 +104,19 @@ int MAnalyzer::AuxSplit() {
     tail.SetText(pieceText.CStr(), 0);
     tail.BeginCandidate();
     tail.AddMorpheme(level.stem.CStr(p), Pos::VX);
-    if (level.ending.IsEmpty()) {
+    if (eoOnLevelZero) {
+      // The levels above 0 as they stand, then level 0 or "어".
+      for (int k = levelIndex; k >= 1; --k) {
+        if (!levels[k].ending.IsEmpty()) {
+          tail.AddMorpheme(levels[k].ending.CStr(), levels[k].endingBits);
+        }
+      }
+      if (levels[0].ending.IsEmpty()) {
+        tail.AddMorpheme(Hangul::kEo, Pos::EM);
+      } else {
+        tail.AddMorpheme(levels[0].ending.CStr(), levels[0].endingBits);
+      }
+    } else if (level.ending.IsEmpty()) {
       tail.AddMorpheme(Hangul::kEo, Pos::EM);
     } else {
       AddEndings(tail, levelIndex);

@@ -13,6 +13,20 @@ constexpr const char* kReu = "\xB8\xA3";            // 르
 constexpr const char* kAni = "\xBE\xC6\xB4\xCF";    // 아니
 constexpr const char* kA = "\xBE\xC6";              // 아
 constexpr const char* kYeo = "\xBF\xA9";            // 여
+// Predicate analysis (AnalyzeWhole and the sound-change handlers).
+constexpr const char* kEu = "\xC0\xB8";         // 으
+constexpr const char* kAt = "\xBE\xD2";         // 았
+constexpr const char* kHa = "\xC7\xCF";         // 하
+constexpr const char* kSyeo = "\xBC\xC5";       // 셔
+constexpr const char* kGe = "\xB0\xD4";         // 게
+constexpr const char* kKi = "\xC5\xB0";         // 키
+constexpr const char* kSe = "\xBC\xBC";         // 세
+constexpr const char* kDeut = "\xB5\xED";       // 듯
+constexpr const char* kMyeon = "\xB8\xE9";      // 면
+constexpr const char* kJamoNieun = "\xA4\xA4";  // ㄴ
+constexpr const char* kJamoRieul = "\xA4\xA9";  // ㄹ
+constexpr const char* kJamoMieum = "\xA4\xB1";  // ㅁ
+constexpr const char* kJamoBieup = "\xA4\xB2";  // ㅂ
 }  // namespace Hangul
 }  // namespace Quorel
 

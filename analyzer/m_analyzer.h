@@ -172,6 +172,34 @@ class MAnalyzer : public QR_Analyzer {
   void FlushToken(const char* token, unsigned type, int tokenStart);
 
  private:
+  // ---- Predicate analysis (AnalyzeWhole and the sound-change handlers):
+  // the common steps besides Emit, EmitEo, UseFused and AuxSplit ----
+  // SearchMain of `key`: the entry's POS bits, 0 on a miss; `marks` (when
+  // given) gets the entry's marks.
+  uint32_t Lookup(const StringEx& key, uint32_t* marks = nullptr) const;
+  // Emit, but an empty top ending is replaced by `lead` as one EM eomi when
+  // `lead` is set (EmitEo with "어").
+  int EmitLed(Eojul& e, uint32_t mask, const char* lead);
+  // Predicate emission: VV then VA as the looked-up `bits` allow (they need
+  // the predicate bit), each through EmitLed.
+  int EmitPredicate(Eojul& e, uint32_t bits, const char* lead);
+  // LeadEo: an eomi top ending (all of EM) that begins with neither 아 nor 어
+  // gets `lead` in front; true when it did, and UndoLeadEo(true) takes it
+  // off again.
+  bool LeadEo(const char* lead);
+  void UndoLeadEo(bool noted);
+  // AuxSplit; with `eoOnLevelZero` the endings are those of the levels down
+  // to 1, then level 0's ending or "어" when that is empty.
+  int AuxSplitWith(bool eoOnLevelZero);
+  // AnalyzeWhole's vote on compoundState after a prefinal or derived stem;
+  // `before` is the status before that handler ran.
+  void VoteCompound(int before);
+  // AnalyzeWhole step 2: the whole stem as a dictionary word of a noun or
+  // particle class; `hit` is its wordHits record. Returns the status.
+  int WholeWord(Eojul& e, const SearchInfo& hit);
+  // Tests set up the state a handler's caller leaves through this.
+  friend struct PredicateProbe;
+
   void Initialise();
   // Driver, scoring and narrowing of one eojul (the first steps of
   // RunWithEojul).
@@ -244,8 +272,11 @@ class MAnalyzer : public QR_Analyzer {
   // stem's last syllable (text null when there is none).
   jeInfo curJe;
   jeInfo curJongJe;
-  // The top ending and its bits while UseFused is in force.
-  uint32_t fusedSavedBits = 0;
+  // Endings (and their bits) that a handler keeps while it replaces the
+  // ending of its level (UseFused, BIrregular): one slot per level, so that
+  // a handler on a higher level keeps its own.
+  StringEx heldEndings[kLevelCount];
+  uint32_t heldBits[kLevelCount] = {};
 
   // Status fields of one token.
   int32_t analysisResult = 0;

@@ -7,9 +7,6 @@
 
 namespace Quorel {
 
-// Whole-word route not built yet: no analysis.
-int MAnalyzer::AnalyzeWhole(Eojul& /*e*/) { return 0; }
-
 // Mixed-token route not built yet: the token stands as one unregistered noun.
 int MAnalyzer::AnalyzeMixed(Eojul& e) {
   AddSurfaceCandidate(e, Pos::NNR);
@@ -34,23 +31,6 @@ int MAnalyzer::CommitPending(Eojul& /*e*/) { return 0; }
 
 // Remainder route not built yet: no candidate.
 int MAnalyzer::AnalyzeRemainder(Eojul& /*e*/) { return 0; }
-
-// Sound-change handlers not built yet: each finds nothing.
-int MAnalyzer::LDrop(Eojul& /*e*/) { return 0; }
-int MAnalyzer::EuDrop(Eojul& /*e*/) { return 0; }
-int MAnalyzer::PuIrregular(Eojul& /*e*/) { return 0; }
-int MAnalyzer::SIrregular(Eojul& /*e*/) { return 0; }
-int MAnalyzer::DIrregular(Eojul& /*e*/) { return 0; }
-int MAnalyzer::BIrregular(Eojul& /*e*/) { return 0; }
-int MAnalyzer::ReuIrregular(Eojul& /*e*/) { return 0; }
-int MAnalyzer::HaYeo(Eojul& /*e*/) { return 0; }
-int MAnalyzer::ReoIrregular(Eojul& /*e*/) { return 0; }
-int MAnalyzer::HIrregular(Eojul& /*e*/) { return 0; }
-int MAnalyzer::AeContract(Eojul& /*e*/) { return 0; }
-int MAnalyzer::WaContract(Eojul& /*e*/) { return 0; }
-int MAnalyzer::WaeContract(Eojul& /*e*/) { return 0; }
-int MAnalyzer::EoElided(Eojul& /*e*/, unsigned /*wordBits*/) { return 0; }
-int MAnalyzer::AeElided(Eojul& /*e*/, unsigned /*wordBits*/) { return 0; }
 
 // Stem-structure handlers not built yet: each finds nothing.
 int MAnalyzer::Copula(Eojul& /*e*/, int /*level*/) { return 0; }
