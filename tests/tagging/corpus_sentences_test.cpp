@@ -21,8 +21,8 @@ using testing::internal::GetCapturedStderr;
 using testing_tagger::Cp949;
 using testing_tagger::SinfoDirectory;
 
-// The first `limit` "# text = " lines of every CoNLL-U file under the corpus.
-std::vector<std::string> CorpusSentences(size_t limit) {
+// The "# text = " lines of every CoNLL-U file under the corpus.
+std::vector<std::string> CorpusSentences() {
   std::vector<std::string> sentences;
   const std::filesystem::path corpus =
       std::filesystem::path(QRLSL_SOURCE_DIR) / ".." / "shared" / "corpus";
@@ -33,18 +33,16 @@ std::vector<std::string> CorpusSentences(size_t limit) {
     if (entry.path().extension() != ".conllu") continue;
     std::ifstream in(entry.path());
     std::string line;
-    size_t taken = 0;
-    while (taken < limit && std::getline(in, line)) {
+    while (std::getline(in, line)) {
       if (line.compare(0, mark.size(), mark) != 0) continue;
       sentences.push_back(line.substr(mark.size()));
-      ++taken;
     }
   }
   return sentences;
 }
 
 TEST(CorpusSentencesTest, EveryEojulEndsWithOneCandidate) {
-  const std::vector<std::string> sentences = CorpusSentences(40);
+  const std::vector<std::string> sentences = CorpusSentences();
   if (sentences.empty()) GTEST_SKIP() << "no corpus beside the repository";
   SinfoDirectory empty;
   Dictionary knowledge(false);
