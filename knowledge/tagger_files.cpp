@@ -188,8 +188,8 @@ int ReadCountFile(Dictionary& dictionary, const std::string& directory,
   std::vector<std::string> lines;
   int32_t b = 0;
   while (NextLine(in, raw, line)) {
-    if (IsCommentLine(line)) continue;
     line = Trimmed(line);
+    if (IsCommentLine(line)) continue;
     size_t tab = line.find('\t');
     if (tab == std::string::npos || tab == 0) continue;
     std::string key = line.substr(0, tab);

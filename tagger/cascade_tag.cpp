@@ -35,16 +35,10 @@ void Tagger::CascadeTag() {
   ClearResults();
   const int last = Last();
   for (int i = 0; i <= last; ++i) {
-    Eojul& e = *(*input)[i];
-    done = 0;
-    if (e.GetListSize() <= 1) {
-      Place(e);
-      continue;
-    }
-    Prepare(e);
+    if (!Open(i)) continue;
     SetNeighbours(i);
     TailMemory memory;
-    for (int c = 0; c < e.GetListSize() && done == 0; ++c) {
+    for (int c = 0; c < current->GetListSize() && done == 0; ++c) {
       CascadeRules(c, i);
       // The tail runs for c even after a rule placed it; then it is idle.
       TailStep(c, memory);

@@ -18,13 +18,7 @@ void StatTagger::StatTag() {
   ClearResults();
   const int last = Last();
   for (int i = 0; i <= last; ++i) {
-    Eojul& e = *(*input)[i];
-    done = 0;
-    if (e.GetListSize() <= 1) {
-      Place(e);
-      continue;
-    }
-    Prepare(e);
+    if (!Open(i)) continue;
     sinfo.Clear();
     LeftContext(i);
     RightContext(i);
@@ -48,7 +42,7 @@ void StatTagger::StatTag() {
       continue;
     }
     TailMemory memory;
-    for (int c = 0; c < e.GetListSize(); ++c) TailStep(c, memory);
+    for (int c = 0; c < current->GetListSize(); ++c) TailStep(c, memory);
     FinalChoice(memory);
   }
 }

@@ -48,6 +48,17 @@ void TaggerPass::Prepare(Eojul& e) {
   temp.minNumberLength = e.minNumberLength;
 }
 
+bool TaggerPass::Open(int i) {
+  Eojul& e = *(*input)[i];
+  done = 0;
+  if (e.GetListSize() <= 1) {
+    Place(e);
+    return false;
+  }
+  Prepare(e);
+  return true;
+}
+
 void TaggerPass::SetNeighbours(int i) {
   if (i < Last()) next = (*input)[i + 1];
   if (i > 0 && !results.empty()) previous = &results.back();

@@ -44,6 +44,9 @@ class TaggerPass {
   void Place(const Eojul& e);
   // Makes e current and readies temp with its text, type and offset.
   void Prepare(Eojul& e);
+  // Opens eojul i of the input: one with no choice (one candidate or none)
+  // is placed as it stands and false returned; else it is made current.
+  bool Open(int i);
   // next and previous for index i, where the sentence has them.
   void SetNeighbours(int i);
   // Places candidate c of the current eojul, alone, with its score.

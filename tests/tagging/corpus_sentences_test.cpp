@@ -16,8 +16,8 @@
 namespace Quorel {
 namespace {
 
-using testing::internal::CaptureStderr;
-using testing::internal::GetCapturedStderr;
+using ::testing::internal::CaptureStderr;
+using ::testing::internal::GetCapturedStderr;
 using testing_tagger::Cp949;
 using testing_tagger::SinfoDirectory;
 

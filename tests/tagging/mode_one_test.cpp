@@ -14,8 +14,8 @@
 namespace Quorel {
 namespace {
 
-using testing::internal::CaptureStderr;
-using testing::internal::GetCapturedStderr;
+using ::testing::internal::CaptureStderr;
+using ::testing::internal::GetCapturedStderr;
 using testing_tagger::SentenceBuilder;
 using testing_tagger::Show;
 using testing_tagger::SinfoDirectory;
@@ -43,11 +43,18 @@ class ModeOneTest : public ::testing::Test {
     }
     return chosen;
   }
-  // "가": a noun scored below a verb reading.
-  static void AddGa(SentenceBuilder& b) {
+  // "가": a noun and a verb reading, by default the noun scored lower.
+  static void AddGa(SentenceBuilder& b, double noun = 1.0, double verb = 2.0) {
     b.Add("가")
-        .Candidate({{"가", Pos::NNG}}, 1.0)
-        .Candidate({{"가", Pos::VV}, {"아", Pos::EM}}, 2.0);
+        .Candidate({{"가", Pos::NNG}}, noun)
+        .Candidate({{"가", Pos::VV}, {"아", Pos::EM}}, verb);
+  }
+  // A one-candidate eojul, then "가" with the noun scored higher.
+  static SentenceBuilder GaAfter(const char* word, uint32_t pos) {
+    SentenceBuilder b;
+    b.Add(word).Candidate({{word, pos}}, 1.0);
+    AddGa(b, 2.0, 1.0);
+    return b;
   }
   const StatInfo& Sinfo() { return tagger.statTagger.sinfo; }
 
@@ -150,30 +157,18 @@ TEST_F(ModeOneTest, EojulRuleOutOfRangeDropsTheEojul) {
 TEST_F(ModeOneTest, GroupRuleWithThePreviousEojul) {
   dir.Write("grule.klg", "[1][NNG]\t@[1][VV]\n");
   Load();
-  SentenceBuilder b;
-  b.Add("학교").Candidate({{"학교", Pos::NNG}}, 1.0);
-  b.Add("가")
-      .Candidate({{"가", Pos::NNG}}, 2.0)
-      .Candidate({{"가", Pos::VV}, {"아", Pos::EM}}, 1.0);
+  SentenceBuilder b = GaAfter("학교", Pos::NNG);
   EXPECT_EQ(Tag(b)[1], "가/VV+아/EM");
 
   // The previous eojul's pattern fails: the tail picks the best.
-  SentenceBuilder c;
-  c.Add("나").Candidate({{"나", Pos::NP}}, 1.0);
-  c.Add("가")
-      .Candidate({{"가", Pos::NNG}}, 2.0)
-      .Candidate({{"가", Pos::VV}, {"아", Pos::EM}}, 1.0);
+  SentenceBuilder c = GaAfter("나", Pos::NP);
   EXPECT_EQ(Tag(c)[1], "가/NNG");
 }
 
 TEST_F(ModeOneTest, GroupRuleOfThreeSkipsTheSentenceEdges) {
   dir.Write("grule.klg", "[1][NP]\t@[1][VV]\t[1][NNG]\n");
   Load();
-  SentenceBuilder b;
-  b.Add("나").Candidate({{"나", Pos::NP}}, 1.0);
-  b.Add("가")
-      .Candidate({{"가", Pos::NNG}}, 2.0)
-      .Candidate({{"가", Pos::VV}, {"아", Pos::EM}}, 1.0);
+  SentenceBuilder b = GaAfter("나", Pos::NP);
   b.Add("집")
       .Candidate({{"집", Pos::NNG}}, 1.0)
       .Candidate({{"집", Pos::MA}}, 1.0);
@@ -181,11 +176,7 @@ TEST_F(ModeOneTest, GroupRuleOfThreeSkipsTheSentenceEdges) {
   EXPECT_EQ(chosen[1], "가/VV+아/EM");
 
   // The same eojul last in the sentence is left to the model.
-  SentenceBuilder c;
-  c.Add("나").Candidate({{"나", Pos::NP}}, 1.0);
-  c.Add("가")
-      .Candidate({{"가", Pos::NNG}}, 2.0)
-      .Candidate({{"가", Pos::VV}, {"아", Pos::EM}}, 1.0);
+  SentenceBuilder c = GaAfter("나", Pos::NP);
   EXPECT_EQ(Tag(c)[1], "가/NNG");
 }
 
