@@ -27,6 +27,24 @@ constexpr const char* kJamoNieun = "\xA4\xA4";  // ㄴ
 constexpr const char* kJamoRieul = "\xA4\xA9";  // ㄹ
 constexpr const char* kJamoMieum = "\xA4\xB1";  // ㅁ
 constexpr const char* kJamoBieup = "\xA4\xB2";  // ㅂ
+
+// Stem constructions: copula, suffixes, prefinal endings.
+namespace Stem {
+constexpr const char* kI = "\xC0\xCC";            // 이
+constexpr const char* kGeu = "\xB1\xD7";          // 그
+constexpr const char* kJeo = "\xC0\xFA";          // 저
+constexpr const char* kDoe = "\xB5\xC7";          // 되
+constexpr const char* kDeun = "\xB5\xE7";         // 든
+constexpr const char* kJi = "\xC1\xF6";           // 지
+constexpr const char* kGeori = "\xB0\xC5\xB8\xAE";  // 거리
+constexpr const char* kDae = "\xB4\xEB";          // 대
+constexpr const char* kEusi = "\xC0\xB8\xBD\xC3";   // 으시
+constexpr const char* kEot = "\xBE\xFA";          // 었
+constexpr const char* kO = "\xBF\xC0";            // 오
+constexpr const char* kYa = "\xBE\xDF";           // 야
+constexpr const char* kHae = "\xC7\xD8";          // 해
+constexpr const char* kSi = "\xBD\xC3";           // 시
+}  // namespace Stem
 }  // namespace Hangul
 }  // namespace Quorel
 

@@ -24,6 +24,7 @@
 namespace Quorel {
 
 class Dictionary;
+struct SyllableRec;
 
 // One record of the analysis stack: a candidate stem, the endings split off
 // at this level, and their POS bits. Level k+1 analyses a part of the stem
@@ -119,6 +120,9 @@ class MAnalyzer : public QR_Analyzer {
   // The top stem as a plain predicate (VV, VA, VX as `mask` allows) with
   // the ending as written, then with the fused reading.
   int WholeStem(Eojul& e, uint32_t mask);
+  // Fill counts of the pending noun tails (copula, predicative suffix).
+  int32_t PendingNounSuffix() const { return pendingNounSuffix; }
+  int32_t PendingNounOther() const { return pendingNounOther; }
 
   // ---- Whole word, mixed tokens, noun analysis and the handlers of sound
   // changes and stem structure (status words, or as each caller expects) ----
@@ -243,6 +247,46 @@ class MAnalyzer : public QR_Analyzer {
   // The end of a predicate handler: a candidate marks the predicate class
   // in foundMask. Returns status.
   int Finish(int status);
+
+  // ---- Stem constructions (Copula, YeoContract, DerivedStem, ContractedHa,
+  // Prefinal) ----
+  // Push: levels[levelIndex+1] = (stem[0..stemLength), ending, bits) and
+  // levelIndex raised; PopLevel lowers it.
+  void PushLevel(const char* stem, int32_t stemLength, const char* ending,
+                 uint32_t bits);
+  void PopLevel() { --levelIndex; }
+  // The top stem as VV and VA (EmitPredicate with `lead`), then as VX when
+  // `withVx` and the bits have it. Returns the status.
+  int EmitStemReadings(Eojul& e, uint32_t bits, bool withVx,
+                       const char* lead);
+  // The josa reading of the ending of the level below the top.
+  jeInfo JosaBelow() const;
+  // The pool writers: the top stem becomes the surface of a copulaTails (or
+  // suffixTails when `suffix`) entry whose candidate holds the endings from
+  // the top level down. Full tables drop the entry.
+  void StoreNounTail(Eojul& e, bool suffix);
+  // NounStem on the pushed top (a noun before 이 VC); a failure goes to
+  // copulaTails unless `guarded` and a past copula tail already stands.
+  int CopulaNoun(Eojul& e, uint32_t mask, bool guarded);
+  // Push(stem[0..p), suffix, XSD), NounStem with `mask`, a failure to
+  // suffixTails, Pop. kCandidate or kPending.
+  int SuffixNoun(Eojul& e, int32_t p, const char* suffix, uint32_t mask);
+  // The three parts of DerivedStem: a plain suffix, a suffix with a fused
+  // final, and a suffix whose ending sits inside the last syllable.
+  int DerivedPlain(Eojul& e);
+  int DerivedFused(Eojul& e);
+  int DerivedInside(Eojul& e, int status);
+  // Prefinal without an EP hit: a 시 whose final belongs to the ending.
+  int PrefinalFusedSi(Eojul& e, const SyllableRec& syl, bool rePass);
+  // Prefinal steps 2 and 3: the stem read through (part of) the EP.
+  int PrefinalStemSi(Eojul& e, int32_t ep, bool rePass);
+  // Prefinal steps 10 and 11: the plain readings of the raised stem.
+  int PrefinalPlain(Eojul& e, bool done, bool rePass);
+  // Prefinal steps 12 and 13: the sound-change handlers on the raised stem.
+  int PrefinalHandlers(Eojul& e, const SyllableRec& syl,
+                       const SyllableRec& first, bool past);
+  // The auxTails entry of a 겠 after a stem ending in 야.
+  void StoreYaGetTail(int32_t stemLength, int32_t ep);
 
   QR_Knowledge* knowledge = nullptr;
   QR_Eojul* eojul = nullptr;

@@ -32,13 +32,5 @@ int MAnalyzer::CommitPending(Eojul& /*e*/) { return 0; }
 // Remainder route not built yet: no candidate.
 int MAnalyzer::AnalyzeRemainder(Eojul& /*e*/) { return 0; }
 
-// Stem-structure handlers not built yet: each finds nothing.
-int MAnalyzer::Copula(Eojul& /*e*/, int /*level*/) { return 0; }
-int MAnalyzer::DerivedStem(Eojul& /*e*/, int /*level*/) { return 0; }
-int MAnalyzer::Prefinal(Eojul& /*e*/, int /*level*/) { return 0; }
-int MAnalyzer::YeoContract(Eojul& /*e*/) { return 0; }
-int MAnalyzer::ContractedHa(Eojul& /*e*/, HaContraction /*variant*/) {
-  return 0;
-}
 
 }  // namespace Quorel

@@ -5,6 +5,7 @@
 
 #include "analyzer/literals.h"
 #include "analyzer/m_analyzer.h"
+#include "analyzer/surface_cut.h"
 #include "analyzer/syllable_tests.h"
 #include "eojul/tag_set.h"
 #include "knowledge/dictionary.h"
@@ -15,25 +16,6 @@ namespace {
 
 constexpr int kFound = RouteStatus::kCandidate;
 constexpr uint32_t kJosaBit = 0x800000;
-
-// Cuts the surface of `e` with a NUL at `length` while it lives: the noun
-// analysis divides the surface up to the stem.
-class SurfaceCut {
- public:
-  SurfaceCut(Eojul& e, int32_t length) : eojul(e), at(length) {
-    char* text = const_cast<char*>(eojul.GetString());
-    saved = text[at];
-    text[at] = 0;
-  }
-  ~SurfaceCut() { const_cast<char*>(eojul.GetString())[at] = saved; }
-  SurfaceCut(const SurfaceCut&) = delete;
-  SurfaceCut& operator=(const SurfaceCut&) = delete;
-
- private:
-  Eojul& eojul;
-  int32_t at;
-  char saved;
-};
 
 bool HasAll(uint32_t mask, uint32_t bits) { return (mask & bits) == bits; }
 
@@ -123,10 +105,7 @@ int MAnalyzer::WholeStem(Eojul& e, uint32_t mask) {
                        syl->jongseong != 9);
     if (!skip) {
       if (levelIndex > 0 && (levels[levelIndex - 1].endingBits & kJosaBit) != 0) {
-        SearchJEInfo below;
-        jeInfo josa;
-        dictionary->SearchJE(levels[levelIndex - 1].ending, below);
-        dictionary->GetJEInfo(josa, below, 0);
+        const jeInfo josa = JosaBelow();
         const SyllableRec* endSyl = LastSyllable(curJe.text);
         if (endSyl == nullptr || Dictionary::CheckAttach(*endSyl, josa) == 0) {
           bits = 0;
