@@ -124,6 +124,25 @@ class MAnalyzer : public QR_Analyzer {
   int32_t PendingNounSuffix() const { return pendingNounSuffix; }
   int32_t PendingNounOther() const { return pendingNounOther; }
 
+  // ---- Mixed tokens: digits, Latin, symbols and user nouns ----
+  // Fills userNounHits with the user nouns that are not plain Hangul,
+  // starting at the head of each digit or Latin run and at each two-byte
+  // character of `text`. Returns the number of hits.
+  int FindUserNouns(const char* text, unsigned len);
+  // Adds the morphemes of the longest hit at `pos` of `text` to the open
+  // candidate of `e`; the hit's index, or -1 (no hit, or one that would cut
+  // a Latin or digit run).
+  int EmitUserNoun(Eojul& e, unsigned pos, StringEx& text);
+  // Adds workText as a Latin run: FL, or the pieces of its user-noun entry.
+  void EmitForeign(Eojul& e);
+  // A Hangul run `part` beside a number, at byte `start` of the token:
+  // counters, their josa, and the rest as a word. -1 or -2 on failure.
+  int AnalyzeCountedPart(Eojul& e, StringEx& part, unsigned start);
+  // A Hangul run inside a token: a josa after what precedes it, the copula,
+  // or the run as a word of its own. -1 or -2 on failure.
+  int AnalyzeHangulPart(Eojul& e, StringEx& part, unsigned start);
+  const std::vector<SearchInfo>& UserNounHits() const { return userNounHits; }
+
   // ---- Whole word, mixed tokens, noun analysis and the handlers of sound
   // changes and stem structure (status words, or as each caller expects) ----
   int AnalyzeWhole(Eojul& e);
@@ -350,6 +369,56 @@ class MAnalyzer : public QR_Analyzer {
   // The Dictionary loaded by the path constructor. It is deleted with the
   // analyzer even after SetEojul or SetKnowledge, and never a host's object.
   QR_Knowledge* ownedKnowledge = nullptr;
+
+  // ---- Mixed tokens (AnalyzeMixed and its parts) ----
+  // A token of digits and Latin letters alone: one candidate of runs.
+  void AnalyzePlainMixed(Eojul& e);
+  // The class of the character at `pos` of userText (a run class mask, 0
+  // Hangul), where the next one starts and the number flags it brings. A
+  // user noun there is emitted into `target` first.
+  struct MixedChar {
+    uint32_t runClass;
+    int32_t next;
+    uint32_t flags;
+  };
+  MixedChar ClassifyMixed(Eojul& target, int32_t pos, uint32_t runClass,
+                          bool numberRules);
+  // Adds the run userText[start, end) of class runClass; prev and next are
+  // the classes around it (kNoClass at the token's edges).
+  void FlushMixedRun(Eojul& e, int32_t start, int32_t end, uint32_t runClass,
+                     uint32_t flags, uint32_t prev, uint32_t next);
+  // Adds a run of one class: directly while `e` has under 2 candidates,
+  // else as a one-morpheme part of type `partType` joined after each.
+  void AddTypedRun(Eojul& e, const char* text, uint32_t mask,
+                   unsigned partType);
+  // AddTypedRun for the morphemes of a Hangul run (part type 4).
+  void AddPart(Eojul& e, const char* text, uint32_t mask);
+  // Joins the candidates of `part` into `e`: after each of e's candidates
+  // when e has 2 or more, before each of part's when part has, else
+  // appended to the open candidate.
+  void JoinPart(Eojul& e, Eojul& part);
+  // Rebuilds `e` from a copy of itself joined with `part`.
+  void RejoinWith(Eojul& e, Eojul& part, bool after);
+  // Runs userPattern over text[from, to) into `e`; returns `result`.
+  int RunUserPattern(Eojul& e, const char* text, int32_t from, int32_t to,
+                     int result);
+  // The tail of both Hangul-run routes: the copula and the run (from
+  // `resume` when state says so) as a word of its own.
+  int PartTail(Eojul& e, StringEx& part, unsigned start, int result,
+               int state, int32_t resume);
+  // A whole run read by the noun analysis in `mode`, NNR when it fails.
+  void AddNounPart(Eojul& e, StringEx& part, int mode);
+
+  std::vector<SearchInfo> userNounHits;
+  std::vector<SearchInfo> partHits;
+  StringEx userText;
+  StringEx userPattern;
+  StringEx runText;
+  // Scratch eojuls: a user noun's alternatives, a run analysed on its own,
+  // and the copy of the token that joins rebuild it from.
+  Eojul mixedNoun;
+  Eojul mixedPart;
+  Eojul mixedCopy;
 };
 
 }  // namespace Quorel

@@ -7,12 +7,6 @@
 
 namespace Quorel {
 
-// Mixed-token route not built yet: the token stands as one unregistered noun.
-int MAnalyzer::AnalyzeMixed(Eojul& e) {
-  AddSurfaceCandidate(e, Pos::NNR);
-  return 1;
-}
-
 // Noun division not built yet: workText is the divided text (the surface as
 // cut by the caller); the driver's mode leaves the whole text as one
 // unknown piece, open, when the eojul has no candidate yet (result 0);
