@@ -15,19 +15,14 @@ namespace {
 
 using testing_tagger::SentenceBuilder;
 using testing_tagger::Show;
+using testing_tagger::TagAndShow;
 
 class CascadeTest : public ::testing::Test {
  protected:
   // Tags in mode 0; every eojul must come back with one candidate.
   std::vector<std::string> Tag(SentenceBuilder& b) {
     tagger.Bind(nullptr, &log);
-    tagger.Tagging(b.sentence, 0);
-    std::vector<std::string> chosen;
-    for (Eojul& e : b.sentence) {
-      EXPECT_EQ(e.GetListSize(), 1) << e.GetString();
-      chosen.push_back(Show(e, 0));
-    }
-    return chosen;
+    return TagAndShow(tagger, b.sentence, 0);
   }
   std::string TagLast(SentenceBuilder& b) { return Tag(b).back(); }
 

@@ -19,6 +19,7 @@ using ::testing::internal::GetCapturedStderr;
 using testing_tagger::SentenceBuilder;
 using testing_tagger::Show;
 using testing_tagger::SinfoDirectory;
+using testing_tagger::TagAndShow;
 
 // Tag lists: FOS 0, EOS 1, NNG 2, VV+EM 3.
 const char kTagList[] = "FOS\nEOS\nNNG\nVV+EM\n";
@@ -35,13 +36,7 @@ class ModeOneTest : public ::testing::Test {
   }
   std::vector<std::string> Tag(SentenceBuilder& b) {
     tagger.Bind(&d, &log);
-    tagger.Tagging(b.sentence, 1);
-    std::vector<std::string> chosen;
-    for (Eojul& e : b.sentence) {
-      EXPECT_EQ(e.GetListSize(), 1) << e.GetString();
-      chosen.push_back(Show(e, 0));
-    }
-    return chosen;
+    return TagAndShow(tagger, b.sentence, 1);
   }
   // "가": a noun and a verb reading, by default the noun scored lower.
   static void AddGa(SentenceBuilder& b, double noun = 1.0, double verb = 2.0) {
@@ -176,6 +171,16 @@ TEST_F(ModeOneTest, GroupRuleOfThreeSkipsTheSentenceEdges) {
   EXPECT_EQ(chosen[1], "가/VV+아/EM");
 
   // The same eojul last in the sentence is left to the model.
+  SentenceBuilder c = GaAfter("나", Pos::NP);
+  EXPECT_EQ(Tag(c)[1], "가/NNG");
+}
+
+TEST_F(ModeOneTest, GroupRuleWithTheNextEojulNeverAppliesToTheLast) {
+  dir.Write("grule.klg", "@[1][VV]\t[1][NNG]\n");
+  Load();
+  SentenceBuilder b = GaAfter("나", Pos::NP);
+  b.Add("집").Candidate({{"집", Pos::NNG}}, 1.0);
+  EXPECT_EQ(Tag(b)[1], "가/VV+아/EM");
   SentenceBuilder c = GaAfter("나", Pos::NP);
   EXPECT_EQ(Tag(c)[1], "가/NNG");
 }

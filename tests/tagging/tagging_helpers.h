@@ -5,6 +5,7 @@
 #ifndef QRLSL_TESTS_TAGGING_TAGGING_HELPERS_H_
 #define QRLSL_TESTS_TAGGING_TAGGING_HELPERS_H_
 
+#include <gtest/gtest.h>
 #include <stdlib.h>
 
 #include <cstdint>
@@ -16,6 +17,7 @@
 
 #include "eojul/eojul.h"
 #include "eojul/tag_set.h"
+#include "tagger/tagger.h"
 #include "text/charset.h"
 
 namespace Quorel {
@@ -66,6 +68,20 @@ inline std::string Show(Eojul& e, int c) {
     shown += Utf8(e.GetLexicon(c, m)) + "/" + e.GetStrPOS(c, m);
   }
   return shown;
+}
+
+// Tags the sentence in `mode` with a bound tagger and shows each eojul's
+// chosen candidate; an eojul left with other than one candidate fails.
+inline std::vector<std::string> TagAndShow(Tagger& tagger,
+                                           std::vector<Eojul>& sentence,
+                                           int mode) {
+  tagger.Tagging(sentence, mode);
+  std::vector<std::string> chosen;
+  for (Eojul& e : sentence) {
+    EXPECT_EQ(e.GetListSize(), 1) << e.GetString();
+    chosen.push_back(Show(e, 0));
+  }
+  return chosen;
 }
 
 // A sentence built eojul by eojul: Add starts an eojul, Candidate fills it.
