@@ -36,7 +36,7 @@ std::map<std::string, std::string> MixedKnowledge() {
       // 다 may follow the copula 이 (attach 1).
       {"em.dic", "다\t다/EF 1#ㄴ다/EF 0 5\n"},
       {"js.dic", "가\t가/JK 2\n이\t이/JK 1\n에서\t에서/JK 0\n에\t에/JK 0\n"
-                 "를\t를/JK 2\n"},
+                 "를\t를/JK 2\n을\t을/JK 1\n"},
       {"xsn.dic", "씩\n"},
   };
 }
@@ -139,6 +139,8 @@ TEST_F(MixedTest, CounterWithJosaOrSuffix) {
   EXPECT_EQ(Run("10명이"), (Texts{"10/SN+명/NNB+이/J_"}));
   EXPECT_EQ(Run("2024년에"), (Texts{"2024/SN+년/NNB+에/J_"}));
   EXPECT_EQ(Run("5개씩"), (Texts{"5/SN+개/NNB+씩/XSN"}));
+  // A suffix between the counter and its josa.
+  EXPECT_EQ(Run("5개씩을"), (Texts{"5/SN+개/NNB+씩/XSN+을/J_"}));
   // A noun after the number is no counter: the run is a word of its own.
   EXPECT_EQ(Run("3사과를"), (Texts{"3/SN+사과/NNG+를/J_"}));
 }
