@@ -33,24 +33,6 @@ std::string Quote(const std::string& word) {
 
 }  // namespace
 
-ScratchDir::ScratchDir() {
-  std::string pattern = (fs::temp_directory_path() / "qrl-cli-XXXXXX").string();
-  if (mkdtemp(&pattern[0]) != nullptr) path = pattern;
-}
-
-ScratchDir::~ScratchDir() {
-  std::error_code ignored;
-  if (!path.empty()) fs::remove_all(path, ignored);
-}
-
-std::string ScratchDir::Write(const std::string& name,
-                              const std::string& content) const {
-  fs::path file = fs::path(path) / name;
-  fs::create_directories(file.parent_path());
-  std::ofstream(file, std::ios::binary) << content;
-  return file.string();
-}
-
 RunResult RunQrl(const std::vector<std::string>& args,
                  const std::string& input, const std::string& directory) {
   ScratchDir streams;
@@ -100,21 +82,6 @@ std::vector<std::string> Fields(const std::string& line) {
     if (tab == std::string::npos) return fields;
     start = tab + 1;
   }
-}
-
-std::string ToCp949(const std::string& utf8) {
-  Quorel::WideChar* wide = Quorel::ToWide(utf8.c_str(), "UTF-8");
-  char* bytes = Quorel::FromWide(wide, "CP949");
-  std::string result = bytes == nullptr ? "" : bytes;
-  Quorel::FreeBytes(bytes);
-  Quorel::FreeWide(wide);
-  return result;
-}
-
-std::string ReadFile(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in),
-                     std::istreambuf_iterator<char>());
 }
 
 }  // namespace clitest

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "common/test_support.h"
+
 namespace clitest {
 
 struct RunResult {
@@ -15,22 +17,12 @@ struct RunResult {
   std::string err;
 };
 
-// A fresh directory under the system's temporary directory, removed with
-// the object.
-class ScratchDir {
+// The shared scratch directory, whose Write takes the content as it is.
+class ScratchDir : public Quorel::testsupport::TempDir {
  public:
-  ScratchDir();
-  ~ScratchDir();
-  ScratchDir(const ScratchDir&) = delete;
-  ScratchDir& operator=(const ScratchDir&) = delete;
-
-  const std::string& Path() const { return path; }
-  // Writes `content` to Path()/name (subdirectories are made) and returns
-  // the file's full path.
-  std::string Write(const std::string& name, const std::string& content) const;
-
- private:
-  std::string path;
+  std::string Write(const std::string& name, const std::string& content) const {
+    return WriteRaw(name, content);
+  }
 };
 
 // Runs qrl with `args` in `directory`, with `input` as its standard input.
@@ -47,10 +39,11 @@ bool RunOnTerminal(const std::vector<std::string>& args,
 std::vector<std::string> Lines(const std::string& text);
 // `line` cut at every TAB.
 std::vector<std::string> Fields(const std::string& line);
-// CP949 form of UTF-8 text, through the library's converter.
-std::string ToCp949(const std::string& utf8);
-// Contents of a file; empty when it can't be read.
-std::string ReadFile(const std::string& path);
+// CP949 form of UTF-8 text, and the contents of a file.
+inline std::string ToCp949(const std::string& utf8) {
+  return Quorel::testsupport::Cp949(utf8);
+}
+using Quorel::testsupport::ReadFile;
 
 }  // namespace clitest
 

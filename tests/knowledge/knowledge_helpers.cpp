@@ -1,72 +1,7 @@
 #include "knowledge/knowledge_helpers.h"
 
-#include <iconv.h>
-
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-#include <stdexcept>
-
 namespace Quorel {
 namespace testing_knowledge {
-
-namespace {
-
-std::string Convert(const std::string& in, const char* to, const char* from) {
-  iconv_t cd = iconv_open(to, from);
-  if (cd == reinterpret_cast<iconv_t>(-1)) throw std::runtime_error("iconv");
-  std::string out(in.size() * 2 + 4, '\0');
-  char* src = const_cast<char*>(in.data());
-  size_t srcLeft = in.size();
-  char* dst = &out[0];
-  size_t dstLeft = out.size();
-  size_t r = iconv(cd, &src, &srcLeft, &dst, &dstLeft);
-  iconv_close(cd);
-  if (r == static_cast<size_t>(-1)) throw std::runtime_error("iconv: " + in);
-  out.resize(out.size() - dstLeft);
-  return out;
-}
-
-}  // namespace
-
-std::string Cp949(const std::string& utf8) {
-  return Convert(utf8, "CP949", "UTF-8");
-}
-
-std::string Utf8(const std::string& cp949) {
-  return Convert(cp949, "UTF-8", "CP949");
-}
-
-TempDir::TempDir() {
-  std::string pattern =
-      (std::filesystem::temp_directory_path() / "qrlsl_knowledge_XXXXXX")
-          .string();
-  if (mkdtemp(&pattern[0]) == nullptr) throw std::runtime_error("mkdtemp");
-  path = pattern;
-}
-
-TempDir::~TempDir() {
-  std::error_code ignored;
-  std::filesystem::remove_all(path, ignored);
-}
-
-void TempDir::Write(const std::string& name, const std::string& utf8) const {
-  WriteRaw(name, Cp949(utf8));
-}
-
-void TempDir::WriteRaw(const std::string& name,
-                       const std::string& bytes) const {
-  std::ofstream out(File(name), std::ios::binary | std::ios::trunc);
-  out << bytes;
-}
-
-std::string TempDir::Read(const std::string& name) const {
-  std::ifstream in(File(name), std::ios::binary);
-  std::ostringstream all;
-  all << in.rdbuf();
-  return all.str();
-}
 
 void WriteSmallKnowledge(const TempDir& dir) {
   dir.Write("em.dic",

@@ -5,33 +5,15 @@
 
 #include <string>
 
+#include "common/test_support.h"
+
 namespace Quorel {
 namespace testing_knowledge {
 
-// UTF-8 to CP949 and back, through glibc's iconv.
-std::string Cp949(const std::string& utf8);
-std::string Utf8(const std::string& cp949);
-
-// A fresh directory under the system's temporary directory, removed with
-// everything in it at destruction.
-class TempDir {
- public:
-  TempDir();
-  ~TempDir();
-  TempDir(const TempDir&) = delete;
-  TempDir& operator=(const TempDir&) = delete;
-
-  const std::string& Path() const { return path; }
-  std::string File(const std::string& name) const { return path + "/" + name; }
-  // Writes name with the CP949 form of the UTF-8 content.
-  void Write(const std::string& name, const std::string& utf8) const;
-  // Writes bytes as they are.
-  void WriteRaw(const std::string& name, const std::string& bytes) const;
-  std::string Read(const std::string& name) const;
-
- private:
-  std::string path;
-};
+// CP949 conversion and the scratch directory come from the shared support.
+using Quorel::testsupport::Cp949;
+using Quorel::testsupport::TempDir;
+using Quorel::testsupport::Utf8;
 
 // Writes the small source knowledge directory the suites use.
 void WriteSmallKnowledge(const TempDir& dir);

@@ -9,7 +9,6 @@
 #include <sstream>
 
 #include "gtest/gtest.h"
-#include "text/charset.h"
 
 namespace kbtest {
 
@@ -29,20 +28,6 @@ int Run(const std::string& command, std::string* errors) {
   return WEXITSTATUS(status);
 }
 
-namespace {
-std::string Convert(const std::string& text, const char* from, const char* to) {
-  Quorel::WideChar* wide = Quorel::ToWide(text.c_str(), from);
-  char* bytes = Quorel::FromWide(wide, to);
-  std::string result = bytes == nullptr ? "" : bytes;
-  Quorel::FreeBytes(bytes);
-  Quorel::FreeWide(wide);
-  return result;
-}
-}  // namespace
-
-std::string Cp949(const std::string& utf8) { return Convert(utf8, "utf-8", "cp949"); }
-std::string Utf8(const std::string& cp949) { return Convert(cp949, "cp949", "utf-8"); }
-
 const std::string& CoreKnowledgeDir() {
   static const std::string dir = [] {
     std::string out = FreshDir("core");
@@ -54,13 +39,6 @@ const std::string& CoreKnowledgeDir() {
     return out;
   }();
   return dir;
-}
-
-std::string ReadFile(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
 }
 
 }  // namespace kbtest

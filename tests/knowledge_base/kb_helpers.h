@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include "common/test_support.h"
+
 namespace kbtest {
 
 // A fresh, empty directory under the test temporary directory.
@@ -12,14 +14,13 @@ std::string FreshDir(const std::string& name);
 // Runs a command line; its standard error goes to `errors` (may be null).
 // Returns the exit status, or -1 when the command can't be started.
 int Run(const std::string& command, std::string* errors);
-// UTF-8 to CP949 and back.
-std::string Cp949(const std::string& utf8);
-std::string Utf8(const std::string& cp949);
+// UTF-8 to CP949 and back, and the whole text of a file.
+using Quorel::testsupport::Cp949;
+using Quorel::testsupport::ReadFile;
+using Quorel::testsupport::Utf8;
 // The knowledge directory that tools/build_knowledge.py makes from
 // knowledge-src/ without the Hunspell lists, built once per run.
 const std::string& CoreKnowledgeDir();
-// The whole text of a file, empty when it can't be read.
-std::string ReadFile(const std::string& path);
 
 }  // namespace kbtest
 

@@ -12,15 +12,6 @@ namespace testing_divider {
 
 namespace {
 
-std::string Convert(const std::string& in, const char* from, const char* to) {
-  WideChar* wide = ToWide(in.c_str(), from);
-  char* bytes = FromWide(wide, to);
-  std::string out = bytes != nullptr ? bytes : "";
-  FreeWide(wide);
-  FreeBytes(bytes);
-  return out;
-}
-
 const char* const kKnowledgeFiles[] = {
     "em.dic", "js.dic", "nnb.dic", "nng.dic", "np.dic", "nni.dic",
     "nnp.dic", "nu.dic", "vv.dic", "va.dic", "ma.dic", "mm.dic",
@@ -29,32 +20,6 @@ const char* const kKnowledgeFiles[] = {
     "conj.dic"};
 
 }  // namespace
-
-std::string Cp949(const std::string& utf8) {
-  return Convert(utf8, "UTF-8", "CP949");
-}
-
-std::string Utf8(const std::string& cp949) {
-  return Convert(cp949, "CP949", "UTF-8");
-}
-
-TempDir::TempDir() {
-  std::string pattern =
-      (std::filesystem::temp_directory_path() / "qrlsl_divider_XXXXXX")
-          .string();
-  if (mkdtemp(&pattern[0]) == nullptr) throw std::runtime_error("mkdtemp");
-  path = pattern;
-}
-
-TempDir::~TempDir() {
-  std::error_code ignored;
-  std::filesystem::remove_all(path, ignored);
-}
-
-void TempDir::Write(const std::string& name, const std::string& utf8) const {
-  std::ofstream out(path + "/" + name, std::ios::binary | std::ios::trunc);
-  out << Cp949(utf8);
-}
 
 std::unique_ptr<Knowledge> LoadKnowledge(const SourceFiles& files) {
   auto k = std::make_unique<Knowledge>();

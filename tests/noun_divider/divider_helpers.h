@@ -12,30 +12,16 @@
 #include <vector>
 
 #include "analyzer/noun_divider.h"
+#include "common/test_support.h"
 #include "knowledge/dictionary.h"
 
 namespace Quorel {
 namespace testing_divider {
 
-// UTF-8 to CP949 and back with ToWide/FromWide.
-std::string Cp949(const std::string& utf8);
-std::string Utf8(const std::string& cp949);
-
-// A fresh directory under the system's temporary directory, removed with
-// everything in it at destruction.
-class TempDir {
- public:
-  TempDir();
-  ~TempDir();
-  TempDir(const TempDir&) = delete;
-  TempDir& operator=(const TempDir&) = delete;
-  const std::string& Path() const { return path; }
-  // Writes name with the CP949 form of the UTF-8 content.
-  void Write(const std::string& name, const std::string& utf8) const;
-
- private:
-  std::string path;
-};
+// CP949 conversion and the scratch directory come from the shared support.
+using Quorel::testsupport::Cp949;
+using Quorel::testsupport::TempDir;
+using Quorel::testsupport::Utf8;
 
 // Source files by name (UTF-8 content); every file of the knowledge
 // directory that isn't given is written empty.
