@@ -163,8 +163,7 @@ int MAnalyzer::YeoContract(Eojul& e) {
       if ((NounStem(e, 0x4000006F) & kFound) != 0) {
         foundMask |= Pos::XSD | Pos::N_;
         status |= kFound;
-      } else {
-        StoreNounTail(e, true);
+      } else if (StoreNounTail(e, true)) {
         status |= kPending;
       }
       PopLevel();

@@ -77,8 +77,7 @@ int MAnalyzer::DerivedPlain(Eojul& e) {
     if (IsDemonstrative(next.stem)) continue;
     ++levelIndex;
     if ((NounStem(e, 0x4000002F) & kFound) == 0) {
-      StoreNounTail(e, true);
-      status |= kPending;
+      if (StoreNounTail(e, true)) status |= kPending;
       PopLevel();
       continue;
     }

@@ -235,8 +235,12 @@ int MAnalyzer::AnalyzeEojul(Eojul& e) {
       verbState != 3) {
     return analysisResult;
   }
-  // 13.
-  if (!allowNoun) return analysisResult;
+  // 13. A long josa leaves the noun to the split routes; when they found
+  // nothing the token still ends as the unknown word of rule 21.
+  if (!allowNoun) {
+    if (sub || e.GetListSize() > 0) return analysisResult;
+    return UnknownWord(e);
+  }
   // 14.
   if ((foundMask & Pos::VX) == 0 && (foundMask & kSettledClasses) != 0) {
     return analysisResult;
@@ -278,7 +282,12 @@ int MAnalyzer::AnalyzeEojul(Eojul& e) {
     return analysisResult;
   }
 
-  // 21. The unknown word: the noun analysis, else the text as NNR.
+  // 21.
+  return UnknownWord(e);
+}
+
+int MAnalyzer::UnknownWord(Eojul& e) {
+  // The noun analysis, else the text as NNR.
   const int w = AnalyzeNoun(e, 87, -1);
   if (w < 0 && (foundMask & (Pos::J_ | kNnrBit)) == 0) {
     e.BeginCandidate();

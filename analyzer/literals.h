@@ -28,6 +28,21 @@ constexpr const char* kJamoRieul = "\xA4\xA9";  // ㄹ
 constexpr const char* kJamoMieum = "\xA4\xB1";  // ㅁ
 constexpr const char* kJamoBieup = "\xA4\xB2";  // ㅂ
 
+// Noun analysis: the pending analyses and the remainder.
+namespace Noun {
+constexpr const char* kIn = "\xC0\xCE";                // 인
+constexpr const char* kRoga = "\xB7\xCE\xB0\xA1";     // 로가
+// The josa that rank a stem end, searched as a substring.
+constexpr const char* kStemEndJosa =
+    "\xB4\xC2:\xB8\xA6:\xB2\xB2:\xC0\xBB:\xC0\xBA";  // 는:를:께:을:은
+constexpr const char* kHa = "\xC7\xCF";                // 하
+constexpr const char* kJi = "\xC1\xF6";                // 지
+constexpr const char* kGe = "\xB0\xD4";                // 게
+constexpr const char* kMal = "\xB8\xBB";               // 말
+constexpr const char* kMotha = "\xB8\xF8\xC7\xCF";    // 못하
+constexpr const char* kAnh = "\xBE\xCA";               // 않
+}  // namespace Noun
+
 // Stem constructions: copula, suffixes, prefinal endings.
 namespace Stem {
 constexpr const char* kI = "\xC0\xCC";            // 이

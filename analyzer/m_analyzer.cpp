@@ -37,6 +37,7 @@ MAnalyzer::MAnalyzer(QR_Knowledge* knowledgeObject, QR_Eojul* eojulObject)
       splitEojul(256),
       remainderEojul(256) {
   ownership = 0;
+  compoundAnalyzer.Bind(Knowledge());
   // Without an eojul the caller must call SetEojul before anything else.
   if (eojulObject == nullptr) return;
   eojul = eojulObject;
@@ -77,6 +78,7 @@ void MAnalyzer::Initialise() {
   restarted = false;
   exOption = 0;
   rawOutput = false;
+  compoundAnalyzer.Bind(Knowledge());
   if (eojul != nullptr) CurrentEojul()->indexMask = kDefaultIndexMask;
   for (signed char& option : options) option = 0;
   SetOption(0, 0);
@@ -84,6 +86,7 @@ void MAnalyzer::Initialise() {
 
 void MAnalyzer::SetKnowledge(QR_Knowledge* knowledgeObject) {
   knowledge = knowledgeObject;
+  compoundAnalyzer.Bind(Knowledge());
 }
 
 int MAnalyzer::SetEojul(QR_Eojul* eojulObject) {

@@ -282,8 +282,9 @@ class MAnalyzer : public QR_Analyzer {
   jeInfo JosaBelow() const;
   // The pool writers: the top stem becomes the surface of a copulaTails (or
   // suffixTails when `suffix`) entry whose candidate holds the endings from
-  // the top level down. Full tables drop the entry.
-  void StoreNounTail(Eojul& e, bool suffix);
+  // the top level down. Full tables drop the entry. False only when the
+  // stem is empty: no noun part, no tail, nothing pending.
+  bool StoreNounTail(Eojul& e, bool suffix);
   // NounStem on the pushed top (a noun before 이 VC); a failure goes to
   // copulaTails unless `guarded` and a past copula tail already stands.
   int CopulaNoun(Eojul& e, uint32_t mask, bool guarded);

@@ -41,9 +41,12 @@ jeInfo MAnalyzer::JosaBelow() const {
   return josa;
 }
 
-void MAnalyzer::StoreNounTail(Eojul& e, bool suffix) {
+bool MAnalyzer::StoreNounTail(Eojul& e, bool suffix) {
   int32_t& count = suffix ? pendingNounOther : pendingNounSuffix;
-  if (count >= EojulPool::kCapacity) return;
+  // Without a noun part (인 alone before its ending) there is nothing to
+  // wait for.
+  if (levels[levelIndex].stem.IsEmpty()) return false;
+  if (count >= EojulPool::kCapacity) return true;
   Eojul& tail =
       suffix ? eojulPool.suffixTails[count] : eojulPool.copulaTails[count];
   tail.SetText(levels[levelIndex].stem.CStr(), 0);
@@ -55,7 +58,7 @@ void MAnalyzer::StoreNounTail(Eojul& e, bool suffix) {
     if (suffix && (HasAll(levels[0].endingBits, Pos::ETM) ||
                    HasAll(levels[0].endingBits, Pos::ETN))) {
       tail.Initialize(true);
-      return;
+      return true;
     }
     if (auxTailCount > 0) {
       tail.AppendMorphemes(eojulPool.auxTails[auxTailCount - 1]);
@@ -63,6 +66,7 @@ void MAnalyzer::StoreNounTail(Eojul& e, bool suffix) {
   }
   tail.EndCandidate();
   ++count;
+  return true;
 }
 
 int MAnalyzer::CopulaNoun(Eojul& e, uint32_t mask, bool guarded) {
@@ -73,8 +77,7 @@ int MAnalyzer::CopulaNoun(Eojul& e, uint32_t mask, bool guarded) {
   if (guarded && pendingNounSuffix > 0 && (foundMask & kPastMark) != 0) {
     return 0;
   }
-  StoreNounTail(e, false);
-  return RouteStatus::kPending;
+  return StoreNounTail(e, false) ? RouteStatus::kPending : 0;
 }
 
 int MAnalyzer::SuffixNoun(Eojul& e, int32_t p, const char* suffix,
@@ -82,8 +85,7 @@ int MAnalyzer::SuffixNoun(Eojul& e, int32_t p, const char* suffix,
   PushLevel(levels[levelIndex].stem.CStr(), p, suffix, Pos::XSD);
   int status = RouteStatus::kCandidate;
   if ((NounStem(e, mask) & RouteStatus::kCandidate) == 0) {
-    StoreNounTail(e, true);
-    status = RouteStatus::kPending;
+    status = StoreNounTail(e, true) ? RouteStatus::kPending : 0;
   }
   PopLevel();
   return status;

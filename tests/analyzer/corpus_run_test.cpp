@@ -44,7 +44,8 @@ TEST(CorpusRunTest, EveryEojulGetsACandidate) {
       ASSERT_GE(e.GetListSize(), 1) << form << " in " << entry.path();
       for (int c = 0; c < e.GetListSize(); ++c) {
         ASSERT_GE(e.GetCount(c), 1) << form;
-        ASSERT_GT(e.GetScore(c), 0.0) << form;
+        // An unregistered word beside other candidates earns nothing.
+        ASSERT_GE(e.GetScore(c), 0.0) << form;
       }
       ++forms;
     }

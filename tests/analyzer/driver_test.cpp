@@ -116,9 +116,9 @@ TEST(DriverTest, HalfCharacterTokenIsAnUnregisteredNoun) {
 TEST(DriverTest, UnexplainedTokenFallsBackToItsSurface) {
   DriverFixture fixture(SmallKnowledge());
   int result = -1;
-  Eojul& e = fixture.Analyze("가나다", kHangul, &result);
+  Eojul& e = fixture.Analyze("뷁뷁", kHangul, &result);
   EXPECT_EQ(result, 0);
-  EXPECT_EQ(Candidates(e), (std::vector<std::string>{"가나다/NNR"}));
+  EXPECT_EQ(Candidates(e), (std::vector<std::string>{"뷁뷁/NNR"}));
 }
 
 TEST(DriverTest, FlushScoresEachTokenOfALine) {

@@ -33,7 +33,8 @@ std::map<std::string, std::string> StemKnowledge() {
       {"vx.dic", "버리\n보\n있\n"},
       {"em.dic",
        "다\t다/EF 1#ㄴ다/EF 1 5\n니다\tㅂ니다/EF 1 13\n어\t어/EC 0\n"
-       "고\t고/EC 0\n서\t서/EC 40\n야\t야/EC 0\n데\tㄴ데/EC 1 5\n"},
+       "고\t고/EC 0\n서\t서/EC 40\n야\t야/EC 0\n데\tㄴ데/EC 1 5\n"
+       "는\t는/ETM 0\n"},
       {"js.dic", "는\t는/JX 2\n도\t도/JX 0\n"},
   };
 }
@@ -106,6 +107,13 @@ TEST_F(StemsTest, FusedCopulaGivesItsFinalToTheEnding) {
   EXPECT_EQ(Analyze("학생입니다"), (List{"학생/NNG+이/VC+ㅂ니다/EM"}));
   // The split at 다 leaves 학생입니 for the noun analysis.
   EXPECT_EQ(CopulaTails(), (List{"학생입니 : 이/VC+다/EM"}));
+}
+
+TEST_F(StemsTest, FusedCopulaWithoutANounPartLeavesNoTail) {
+  EXPECT_EQ(Analyze("학생인데"), (List{"학생/NNG+이/VC+ㄴ데/EM"}));
+  // 인 alone before ㄴ데: nothing is left to wait for a noun analysis.
+  EXPECT_EQ(Analyze("인데"), (List{"인데/NNR"}));
+  EXPECT_TRUE(CopulaTails().empty());
 }
 
 TEST_F(StemsTest, YeoIsCopulaAndEoAfterANoun) {
@@ -235,6 +243,27 @@ TEST_F(StemsTest, AuxiliaryInsideOneEojul) {
 TEST_F(StemsTest, GetAfterYaWaitsForTheStemBeforeIt) {
   EXPECT_EQ(Analyze("가야겠다"), (List{"가/VV+야/EM+겠/EP+다/EM"}));
   EXPECT_EQ(AuxTails(), (List{"가야 : 겠/EP+다/EM"}));
+}
+
+// ---- Tails on a re-analysis pass ----
+
+// A sub-token (type 0x80) keeps the pool of its token: its copula and
+// suffix tails carry the newest auxiliary tail behind their endings.
+TEST_F(StemsTest, RePassTailsCarryTheNewestAuxiliary) {
+  Analyze("먹고있다");
+  ASSERT_EQ(AuxTails(), (List{"먹고 : 있/VX+다/EM"}));
+  fixture.Analyze("운동하다", kHangul | EojulType::kSubToken);
+  EXPECT_EQ(CopulaTails(), (List{"운동하 : 이/VC+다/EM+있/VX+다/EM"}));
+  EXPECT_EQ(SuffixTails(), (List{"운동 : 하/XSD+다/EM+있/VX+다/EM"}));
+}
+
+TEST_F(StemsTest, RePassDropsSuffixTailsBeforeAnAdnominalEnding) {
+  Analyze("먹고있다");
+  fixture.Analyze("운동하는", kHangul | EojulType::kSubToken);
+  EXPECT_TRUE(SuffixTails().empty());
+  EXPECT_TRUE(CopulaTails().empty());
+  // The auxiliary tail of the token stands untouched.
+  EXPECT_EQ(AuxTails(), (List{"먹고 : 있/VX+다/EM"}));
 }
 
 // The whole road with scoring keeps the analyses.
