@@ -149,11 +149,7 @@ int MAnalyzer::AeContract(Eojul& e) {
   const SyllableRec* syl = LastSyllableOf(level.stem);
   if (syl == nullptr) return kNoSyllable;
   if (!IsOpen(*syl) || syl->jungseong != 4) return 0;
-  SyllableSwap swap;
-  if (!swap.ApplyLast(level.stem, *syl, 10)) return kNoSyllable;
-  const int status = EmitPredicate(e, Lookup(level.stem), Hangul::kEo);
-  swap.Restore();
-  return Finish(status);
+  return Finish(SwapAndEmit(e, *syl, 10, nullptr, Hangul::kEo));
 }
 
 int MAnalyzer::WaContract(Eojul& e) {

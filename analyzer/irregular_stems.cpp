@@ -37,6 +37,21 @@ const SyllableRec* PreviousSyllable(const StringEx& text) {
 
 }  // namespace
 
+int MAnalyzer::SwapAndEmit(Eojul& e, const SyllableRec& syl, int link,
+                           const char* exceptions, const char* lead) {
+  LevelRec& level = levels[levelIndex];
+  SyllableSwap swap;
+  if (!swap.ApplyLast(level.stem, syl, link)) return kNoSyllable;
+  int status = 0;
+  const uint32_t bits = Lookup(level.stem);
+  if ((bits & Pos::V_) != 0 &&
+      (exceptions == nullptr || !InExceptionList(exceptions, level.stem))) {
+    status = EmitPredicate(e, bits, lead);
+  }
+  swap.Restore();
+  return status;
+}
+
 int MAnalyzer::EuDrop(Eojul& e) {
   LevelRec& level = levels[levelIndex];
   if (level.stem.Length() < 2) return 0;
@@ -64,18 +79,8 @@ int MAnalyzer::EuDrop(Eojul& e) {
   }
 
   const bool led = LeadEo(Hangul::kEo);
-  SyllableSwap swap;
-  if (!swap.ApplyLast(level.stem, *syl, 11)) {
-    UndoLeadEo(led);
-    return kNoSyllable;
-  }
-  int status = 0;
-  const uint32_t bits = Lookup(level.stem);
-  if ((bits & Pos::V_) != 0 &&
-      !InExceptionList(IrregularExceptions::kEuExceptions, level.stem)) {
-    status |= EmitPredicate(e, bits, Hangul::kEo);
-  }
-  swap.Restore();
+  const int status = SwapAndEmit(e, *syl, 11, IrregularExceptions::kEuExceptions,
+                                 Hangul::kEo);
   UndoLeadEo(led);
   return Finish(status);
 }
@@ -158,16 +163,8 @@ int MAnalyzer::SIrregular(Eojul& e) {
       level.stem.Length() < 2) {
     return 0;
   }
-  SyllableSwap swap;
-  if (!swap.ApplyLast(level.stem, *syl, 1)) return kNoSyllable;
-  int status = 0;
-  const uint32_t bits = Lookup(level.stem);
-  if ((bits & Pos::V_) != 0 &&
-      !InExceptionList(IrregularExceptions::kSExceptions, level.stem)) {
-    status |= EmitPredicate(e, bits, nullptr);
-  }
-  swap.Restore();
-  return Finish(status);
+  return Finish(
+      SwapAndEmit(e, *syl, 1, IrregularExceptions::kSExceptions, nullptr));
 }
 
 int MAnalyzer::DIrregular(Eojul& e) {
@@ -181,16 +178,8 @@ int MAnalyzer::DIrregular(Eojul& e) {
   const SyllableRec* first = FirstSyllableOf(level.ending.CStr());
   if (first == nullptr) return kNoSyllable;
   if (first->choseong != 13 || level.stem.Length() < 2) return 0;
-  SyllableSwap swap;
-  if (!swap.ApplyLast(level.stem, *syl, 2)) return kNoSyllable;
-  int status = 0;
-  const uint32_t bits = Lookup(level.stem);
-  if ((bits & Pos::V_) != 0 &&
-      !InExceptionList(IrregularExceptions::kDExceptions, level.stem)) {
-    status |= EmitPredicate(e, bits, nullptr);
-  }
-  swap.Restore();
-  return Finish(status);
+  return Finish(
+      SwapAndEmit(e, *syl, 2, IrregularExceptions::kDExceptions, nullptr));
 }
 
 int MAnalyzer::BIrregular(Eojul& e) {
@@ -346,11 +335,7 @@ int MAnalyzer::PuIrregular(Eojul& e) {
   if (level.stem.Length() < 2) return 0;
   const SyllableRec* syl = LastSyllableOf(level.stem);
   if (syl == nullptr) return kNoSyllable;
-  SyllableSwap swap;
-  if (!swap.ApplyLast(level.stem, *syl, 13)) return kNoSyllable;
-  const int status = EmitPredicate(e, Lookup(level.stem), Hangul::kEo);
-  swap.Restore();
-  return Finish(status);
+  return Finish(SwapAndEmit(e, *syl, 13, nullptr, Hangul::kEo));
 }
 
 }  // namespace Quorel

@@ -211,6 +211,11 @@ class MAnalyzer : public QR_Analyzer {
   // off again.
   bool LeadEo(const char* lead);
   void UndoLeadEo(bool noted);
+  // Swap the top stem's last syllable `syl` for its link `link`, Lookup, and
+  // unless the swapped stem is in `exceptions` (may be null) predicate
+  // emission with `lead`; then restore. kNoSyllable when the link is none.
+  int SwapAndEmit(Eojul& e, const SyllableRec& syl, int link,
+                  const char* exceptions, const char* lead);
   // AuxSplit; with `eoOnLevelZero` the endings are those of the levels down
   // to 1, then level 0's ending or "어" when that is empty.
   int AuxSplitWith(bool eoOnLevelZero);

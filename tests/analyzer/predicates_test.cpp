@@ -61,7 +61,18 @@ struct PredicateProbe {
     level.endingBits = a.curJe.text != nullptr ? a.curJe.bits : a.curJongJe.bits;
     return e;
   }
+  // Raises the stack to level 1 with `stemUtf8` and its ending (as Prefinal
+  // leaves it), level 0 keeping the ending Prepare gave it.
+  static void PushLevel(MAnalyzer& a, const std::string& stemUtf8,
+                        const std::string& endingUtf8, uint32_t bits) {
+    LevelRec& upper = a.levels[1];
+    upper.stem = Cp949(stemUtf8).c_str();
+    upper.ending = Cp949(endingUtf8).c_str();
+    upper.endingBits = bits;
+    a.levelIndex = 1;
+  }
   static uint32_t FoundMask(const MAnalyzer& a) { return a.foundMask; }
+  static Eojul& AuxTail(MAnalyzer& a, int k) { return a.eojulPool.auxTails[k]; }
 };
 
 namespace {
@@ -71,14 +82,15 @@ std::map<std::string, std::string> PredicateKnowledge() {
   return {
       {"vv.dic",
        "살\n쓰\n짓\n씻\n듣\n받\n돕\n이르\n보\n오\n되\n가\n서\n크\n모르\n"
-       "흐르\n건너\n입\n가르\n공부하\n닿\n푸\n개\n"},
+       "흐르\n건너\n입\n가르\n공부하\n닿\n푸\n개\n벌\n"},
       {"va.dic", "춥\n곱\n파랗\n벌겋\n푸르\n크\n자연스럽\n"},
       {"vx.dic", "보\n"},
-      {"nng.dic", "공부\n학교\n"},
+      {"nng.dic", "공부\n학교\n나\n"},
+      {"np.dic", "나\n"},
       {"ma.dic", "아주\n학교\n"},
       {"em.dic",
        "니\t니/EF 0\n어\t어/EC 0\n아\t아/EC 0\n서\t서/EC 0\n여\t여/EC 0\n"
-       "면\t면/EC 0\n"},
+       "면\t면/EC 0\n게\t게/EC 0\n"},
   };
 }
 
@@ -187,6 +199,7 @@ TEST_F(PredicateTest, WaContractHandsOverToBIrregular) {
 
 TEST_F(PredicateTest, ReuIrregularKeepsItsEo) {
   EXPECT_EQ(Whole("흘러"), (List{"흐르/VV+어/EM"}));
+  EXPECT_EQ(Whole("몰라"), (List{"모르/VV+어/EM"}));
   // Even after 라 the prefix is 어, and it stays in the ending.
   Eojul& e = PredicateProbe::Prepare(fixture, "몰라", "서", kHangul);
   EXPECT_NE(fixture.analyzer.ReuIrregular(e) & RouteStatus::kCandidate, 0);
@@ -232,6 +245,32 @@ TEST_F(PredicateTest, GeReadAsHieutSendsTheSearchOn) {
   EXPECT_EQ(status & RouteStatus::kGoOn, 0);
 }
 
+TEST_F(PredicateTest, GeSubTokenGoesOnToTheSplits) {
+  // A sub-token stops after its whole-word analysis, unless that read 게.
+  EXPECT_EQ(Candidates(fixture.Analyze("벌게", kHangul | EojulType::kSubToken)),
+            (List{"벌겋/VA+어/EM", "벌/VV+게/EM"}));
+  EXPECT_EQ(Candidates(fixture.Analyze("파래", kHangul | EojulType::kSubToken)),
+            (List{"파랗/VA+아/EM"}));
+}
+
+TEST_F(PredicateTest, NwaWithoutVerbLeavesAnAuxiliaryTail) {
+  // 해놔: no verb 해놓, so the 놓 is an auxiliary and 해 waits in auxTails.
+  EXPECT_EQ(Run(&MAnalyzer::HIrregular, "해놔", ""), List{});
+  ASSERT_EQ(fixture.analyzer.AuxTailCount(), 1);
+  Eojul& tail = PredicateProbe::AuxTail(fixture.analyzer, 0);
+  EXPECT_EQ(Utf8(tail.GetString()), "해");
+  EXPECT_EQ(Candidates(tail), (List{"놓/VX+어/EM"}));
+
+  // On a raised level the endings above 0 stand, then level 0's or 어.
+  Eojul& e = PredicateProbe::Prepare(fixture, "해놨", "", kHangul);
+  PredicateProbe::PushLevel(fixture.analyzer, "해놔", "었", Pos::EP);
+  fixture.analyzer.HIrregular(e);
+  ASSERT_EQ(fixture.analyzer.AuxTailCount(), 1);
+  EXPECT_EQ(Candidates(PredicateProbe::AuxTail(fixture.analyzer, 0)),
+            (List{"놓/VX+었/EP+어/EM"}));
+  EXPECT_EQ(Utf8(fixture.analyzer.LevelAt(1).stem.CStr()), "해놔");
+}
+
 TEST_F(PredicateTest, HaYeoReadsHaPlusA) {
   EXPECT_EQ(Run(&MAnalyzer::HaYeo, "공부하", "여"),
             (List{"공부하/VV+아/EM", "공부/NNG+하/XSD+아/EM"}));
@@ -271,6 +310,7 @@ TEST_F(PredicateTest, ElidedVowelReadsTheWordAsStem) {
 // ---- AnalyzeWhole ----
 
 TEST_F(PredicateTest, WholeWordGivesEachClassItsCandidate) {
+  EXPECT_EQ(Whole("나"), (List{"나/NNG", "나/NP"}));
   EXPECT_EQ(Whole("학교"), (List{"학교/NNG", "학교/MA"}));
   const uint32_t found = PredicateProbe::FoundMask(fixture.analyzer);
   EXPECT_EQ(found & Pos::NNG, Pos::NNG);
