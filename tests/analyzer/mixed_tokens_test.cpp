@@ -3,17 +3,13 @@
 // sentences with such tokens through the scanner.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <sstream>
 #include <string>
 #include <vector>
 
-#include <unistd.h>
-
 #include "analyzer/driver_helpers.h"
+#include "common/test_support.h"
 #include "eojul/tag_set.h"
 
 namespace Quorel {
@@ -55,25 +51,16 @@ class MixedTest : public ::testing::Test {
   MixedTest() : fixture(MixedKnowledge()) {}
 
   void LoadUserNouns() {
-    userDir = (std::filesystem::temp_directory_path() /
-               ("qrlsl_mixed_" + std::to_string(::getpid())))
-                  .string();
-    std::filesystem::create_directories(userDir);
-    std::ofstream(userDir + "/user.dic", std::ios::binary) << Cp949(kUserNouns);
-    ASSERT_EQ(fixture.knowledge.LoadUserNoun(userDir.c_str(), "user.dic", false),
+    userDir.Write("user.dic", kUserNouns);
+    ASSERT_EQ(fixture.knowledge.LoadUserNoun(userDir.Path().c_str(),
+                                             "user.dic", false),
               1);
-  }
-  ~MixedTest() override {
-    if (!userDir.empty()) {
-      std::error_code ignored;
-      std::filesystem::remove_all(userDir, ignored);
-    }
   }
 
   Texts Run(const std::string& utf8) { return Candidates(fixture.Run(utf8)); }
 
   DriverFixture fixture;
-  std::string userDir;
+  testsupport::TempDir userDir;
 };
 
 TEST_F(MixedTest, DigitsAloneAreOneNumber) {
