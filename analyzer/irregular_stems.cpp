@@ -6,6 +6,7 @@
 // endingBits back as it found them; ReuIrregular alone keeps the "어" it
 // put before an ending.
 #include <cstring>
+#include <initializer_list>
 
 #include "analyzer/irregular_exceptions.h"
 #include "analyzer/literals.h"
