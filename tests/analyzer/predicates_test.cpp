@@ -90,7 +90,9 @@ std::map<std::string, std::string> PredicateKnowledge() {
       {"ma.dic", "아주\n학교\n"},
       {"em.dic",
        "니\t니/EF 0\n어\t어/EC 0\n아\t아/EC 0\n서\t서/EC 0\n여\t여/EC 0\n"
-       "면\t면/EC 0\n게\t게/EC 0\n"},
+       "면\t면/EC 0\n게\t게/EC 0\n"
+       // 니다 as written, and as ㅂ니다 fused into a final ㅂ (type 19).
+       "니다\t니다/EF 0#ㅂ니다/EF 0 13\n"},
   };
 }
 
@@ -166,6 +168,16 @@ TEST_F(PredicateTest, LDropBeforeAnEndingAndFused) {
   // The final ㄴ of 산 is the ending's: 살 + ㄴ.
   EXPECT_EQ(Whole("산"), (List{"살/VV+ㄴ/ETM"}));
   EXPECT_EQ(Run(&MAnalyzer::LDrop, "산", ""), (List{"살/VV+ㄴ/ETM"}));
+  EXPECT_EQ(Run(&MAnalyzer::LDrop, "삽", "니다"), (List{"살/VV+ㅂ니다/EM"}));
+}
+
+TEST_F(PredicateTest, LDropWithoutVerbLeavesAnAuxiliaryTail) {
+  // 만드니: no verb 만들, but 들 can be an auxiliary after 만.
+  EXPECT_EQ(Run(&MAnalyzer::LDrop, "만드", "니"), List{});
+  ASSERT_EQ(fixture.analyzer.AuxTailCount(), 1);
+  Eojul& tail = PredicateProbe::AuxTail(fixture.analyzer, 0);
+  EXPECT_EQ(Utf8(tail.GetString()), "만");
+  EXPECT_EQ(Candidates(tail), (List{"들/VX+니/EM"}));
 }
 
 TEST_F(PredicateTest, SIrregularAddsSiotUnlessListed) {
@@ -227,6 +239,9 @@ TEST_F(PredicateTest, HIrregularReadsTheHieutStem) {
   EXPECT_EQ(Whole("파래"), (List{"파랗/VA+아/EM"}));
   EXPECT_EQ(Whole("파란"), (List{"파랗/VA+ㄴ/ETM"}));
   EXPECT_EQ(Run(&MAnalyzer::HIrregular, "파래", "서"), (List{"파랗/VA+서/EM"}));
+  // The ㅂ of 파랍 begins the ending.
+  EXPECT_EQ(Run(&MAnalyzer::HIrregular, "파랍", "니다"),
+            (List{"파랗/VA+ㅂ니다/EM"}));
   // 닿 is regular: 단 is no 닿 + ㄴ.
   EXPECT_EQ(Run(&MAnalyzer::HIrregular, "단", ""), List{});
 }
