@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "analyzer/eojul_pool.h"
+#include "analyzer/noun_divider.h"
 #include "eojul/eojul.h"
 #include "eojul/text_stream.h"
 #include "tagger/post_passes.h"
@@ -313,11 +314,35 @@ class MAnalyzer : public QR_Analyzer {
   // The auxTails entry of a 겠 after a stem ending in 야.
   void StoreYaGetTail(int32_t stemLength, int32_t ep);
 
+  // ---- Noun analysis (AnalyzeNoun, CommitPending, AnalyzeRemainder) ----
+  // The stems before a josa that only a noun analysis explains; a count,
+  // -3 when the divider scored the first stem below 0.
+  int CommitStemEnds(Eojul& e);
+  // Noun parts before the copula; r is the result before this step.
+  int CommitCopulaTails(Eojul& e, int r);
+  // Noun parts before a predicative suffix; the last AnalyzeNoun result.
+  int CommitSuffixTails(Eojul& e);
+  // Opens a candidate with `text` as one unregistered noun (NNR).
+  static void OpenUnknown(Eojul& e, const char* text);
+  // What mode puts behind a finished group of AnalyzeNoun (level >= 0).
+  void AddGroupTail(Eojul& e, int mode, int level);
+  // Score of group `group` of the last division; lastGroup for the group
+  // the caller finishes.
+  double GroupScore(Eojul& e, int mode, int group, double sentinel,
+                    bool lastGroup);
+  // The driver's last step: the unknown word from the noun analysis, else
+  // the surface as NNR. Returns analysisResult.
+  int UnknownWord(Eojul& e);
+  // Tests fill the pending tables through this.
+  friend struct NounAnalysisProbe;
+
   QR_Knowledge* knowledge = nullptr;
   QR_Eojul* eojul = nullptr;
   Eojul workEojul;
   Eojul splitEojul;
   TextStream streams;
+  // Noun analysis: the division of words no dictionary entry covers.
+  NounDivider compoundAnalyzer;
   Eojul remainderEojul;
   std::vector<Eojul> sentence;
   StringEx line;
