@@ -231,6 +231,13 @@ TEST_F(StemsTest, AuxiliaryAsItsOwnEojul) {
             (List{"버리/VV+었/EP+다/EM", "버리/VX+었/EP+다/EM"}));
 }
 
+TEST_F(StemsTest, RePassReadsNoAuxiliary) {
+  const unsigned sub = kHangul | EojulType::kSubToken;
+  EXPECT_EQ(Candidates(fixture.Analyze("보다", sub)), (List{"보/VV+다/EM"}));
+  EXPECT_EQ(Candidates(fixture.Analyze("버렸다", sub)),
+            (List{"버리/VV+었/EP+다/EM"}));
+}
+
 TEST_F(StemsTest, AuxiliaryInsideOneEojul) {
   EXPECT_EQ(Analyze("먹고있다"), (List{"먹/VV+고/EM+있/VX+다/EM"}));
   EXPECT_EQ(AuxTails(), (List{"먹고 : 있/VX+다/EM"}));
