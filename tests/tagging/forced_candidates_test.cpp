@@ -2,8 +2,6 @@
 // quote or bracket closed, behind the candidates analysis found.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -18,7 +16,6 @@ namespace {
 
 using ::testing::internal::CaptureStderr;
 using ::testing::internal::GetCapturedStderr;
-using testing_tagger::Cp949;
 using testing_tagger::SentenceBuilder;
 using testing_tagger::Show;
 using testing_tagger::SinfoDirectory;
@@ -29,17 +26,12 @@ class ForcedCandidatesTest : public ::testing::Test {
  protected:
   void SetUp() override {
     // The josa/eomi sources sit beside "sinfo" in the knowledge directory.
-    const std::filesystem::path base(dir.Path());
-    Write(base / "js.dic", "라고\t라고/JX 0\n");
-    Write(base / "em.dic", "다\t다/EF 0\n데\tㄴ데/EC 0 5\n게\tㄹ게/EC 0 9\n");
+    dir.WriteBeside("js.dic", "라고\t라고/JX 0\n");
+    dir.WriteBeside("em.dic", "다\t다/EF 0\n데\tㄴ데/EC 0 5\n게\tㄹ게/EC 0 9\n");
     CaptureStderr();
     d.LoadKnowledge(dir.Path(), false, true);
     GetCapturedStderr();
     tagger.Bind(&d, &log);
-  }
-  static void Write(const std::filesystem::path& file,
-                    const std::string& utf8) {
-    std::ofstream(file, std::ios::binary) << Cp949(utf8);
   }
   // RuleTag over a one-eojul sentence with one noun candidate; returns the
   // eojul's candidates afterwards.

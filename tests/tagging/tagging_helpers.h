@@ -1,44 +1,28 @@
 // Test support for the tagger suites (header only, shared by the rule and
-// tagging suites): CP949 from UTF-8 literals, hand-built eojuls and
-// sentences, and a knowledge directory whose sinfo files are written in
-// CP949 into a temporary directory.
+// tagging suites): hand-built eojuls and sentences, tagging with a look at
+// the choices, and a scratch knowledge directory for the sinfo files.
 #ifndef QRLSL_TESTS_TAGGING_TAGGING_HELPERS_H_
 #define QRLSL_TESTS_TAGGING_TAGGING_HELPERS_H_
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
 #include <initializer_list>
 #include <string>
 #include <vector>
 
+#include "common/test_support.h"
 #include "eojul/eojul.h"
 #include "eojul/tag_set.h"
 #include "tagger/tagger.h"
-#include "text/charset.h"
 
 namespace Quorel {
 namespace testing_tagger {
 
-inline std::string Convert(const std::string& text, const char* from,
-                           const char* to) {
-  WideChar* wide = ToWide(text.c_str(), from);
-  char* bytes = FromWide(wide, to);
-  std::string result = bytes != nullptr ? bytes : "";
-  FreeBytes(bytes);
-  FreeWide(wide);
-  return result;
-}
-
-inline std::string Cp949(const std::string& utf8) {
-  return Convert(utf8, "utf-8", "cp949");
-}
+using testsupport::Cp949;
 
 inline std::string Utf8(const char* cp949) {
-  return Convert(cp949 != nullptr ? cp949 : "", "cp949", "utf-8");
+  return testsupport::Utf8(cp949 != nullptr ? cp949 : "");
 }
 
 // One morpheme of a hand-built candidate: UTF-8 form and POS mask.
@@ -106,33 +90,22 @@ class SentenceBuilder {
   int offset = 0;
 };
 
-// A knowledge path with a "sinfo" directory; files are written in CP949.
+// A knowledge path whose "sinfo" files (and others beside them) are
+// written in CP949 from UTF-8.
 class SinfoDirectory {
  public:
-  SinfoDirectory() {
-    std::string pattern =
-        (std::filesystem::temp_directory_path() / "qrl_tagger_XXXXXX").string();
-    std::vector<char> buffer(pattern.begin(), pattern.end());
-    buffer.push_back('\0');
-    path = mkdtemp(buffer.data());
-    std::filesystem::create_directory(std::filesystem::path(path) / "sinfo");
-  }
-  ~SinfoDirectory() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path, ignored);
-  }
-  SinfoDirectory(const SinfoDirectory&) = delete;
-  SinfoDirectory& operator=(const SinfoDirectory&) = delete;
-
+  // path/sinfo/name.
   void Write(const std::string& name, const std::string& utf8) {
-    std::ofstream out(std::filesystem::path(path) / "sinfo" / name,
-                      std::ios::binary);
-    out << Cp949(utf8);
+    temp.Write("sinfo/" + name, utf8);
   }
-  const char* Path() const { return path.c_str(); }
+  // path/name.
+  void WriteBeside(const std::string& name, const std::string& utf8) {
+    temp.Write(name, utf8);
+  }
+  const char* Path() const { return temp.Path().c_str(); }
 
  private:
-  std::string path;
+  testsupport::TempDir temp;
 };
 
 }  // namespace testing_tagger
