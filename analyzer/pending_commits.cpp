@@ -6,6 +6,7 @@
 
 #include "analyzer/literals.h"
 #include "analyzer/m_analyzer.h"
+#include "analyzer/surface_cut.h"
 #include "eojul/tag_set.h"
 
 namespace Quorel {
@@ -33,26 +34,6 @@ double EndingBonus(size_t bytes) {
   if (bytes >= 5) return 0.25 * (static_cast<double>(bytes) * kByteUnit);
   return 0.3;
 }
-
-// Cuts the surface of `e` with a NUL at `at` until Restore (or destruction).
-// The text is fetched anew each time: adding morphemes may move it.
-class SurfaceCut {
- public:
-  SurfaceCut(Eojul& e, int32_t at) : eojul(e), at(at) {
-    char* text = const_cast<char*>(eojul.GetString());
-    saved = text[at];
-    text[at] = 0;
-  }
-  ~SurfaceCut() { Restore(); }
-  SurfaceCut(const SurfaceCut&) = delete;
-  SurfaceCut& operator=(const SurfaceCut&) = delete;
-  void Restore() { const_cast<char*>(eojul.GetString())[at] = saved; }
-
- private:
-  Eojul& eojul;
-  int32_t at;
-  char saved;
-};
 
 }  // namespace
 
@@ -97,19 +78,18 @@ int MAnalyzer::CommitStemEnds(Eojul& e) {
     const StemEnd& entry = eojulPool.stemEnds[k];
     // A josa the driver's division already read at the end.
     if (nounStage == 2 && firstEndingLength == nounCut) continue;
-    SurfaceCut cut(e, entry.length);
-    if (r < 1) {
+    {
+      // The stem alone is divided.
+      SurfaceCut cut(e, entry.length);
+      const int before = r;
       r = AnalyzeNoun(e, kStemEndMode, k);
+      if (before >= 1 && r < 0) return 1;
       if (r == kNegativeBest) return kNegativeBest;
       if (r < 0) {
         OpenUnknown(e, workText.CStr());
         nounStage = 1;
       }
-    } else {
-      r = AnalyzeNoun(e, kStemEndMode, k);
-      if (r < 0) return 1;
     }
-    cut.Restore();
     const size_t endingLength = std::strlen(e.GetString() + entry.length);
     e.AddMorpheme(e.GetString() + entry.length, entry.reading.bits);
     e.SetCandidateScore(OpenScore(e) + EndingBonus(endingLength));

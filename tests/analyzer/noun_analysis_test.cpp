@@ -1,20 +1,17 @@
 // Noun and unknown-word analysis over a small CP949 knowledge directory with
 // joint and position frequencies: the results and scores of AnalyzeNoun in
 // its modes, compound nouns and unknown pieces through the driver, the
-// commit of pending stem ends, copula and suffix tails, the remainder before
-// an auxiliary predicate, and a run over the annotated corpus with the
-// shipped knowledge sources.
+// commit of pending stem ends, copula and suffix tails, and the remainder
+// before an auxiliary predicate.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <initializer_list>
-#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "analyzer/driver_helpers.h"
+#include "common/test_support.h"
 #include "eojul/tag_set.h"
 
 namespace Quorel {
@@ -39,11 +36,17 @@ struct NounAnalysisProbe {
   static void SetNounBest(MAnalyzer& a, int32_t v) { a.nounBest = v; }
   static void SetContextCode(MAnalyzer& a, int32_t v) { a.contextCode = v; }
   static void SetCompoundState(MAnalyzer& a, int32_t v) { a.compoundState = v; }
+  static void SetFoundMask(MAnalyzer& a, uint32_t v) { a.foundMask = v; }
   static int32_t ContextCode(const MAnalyzer& a) { return a.contextCode; }
   static int32_t NounCut(const MAnalyzer& a) { return a.nounCut; }
   static int32_t NounBest(const MAnalyzer& a) { return a.nounBest; }
   static bool CompoundTried(const MAnalyzer& a) { return a.compoundTried; }
   static Eojul& Remainder(MAnalyzer& a) { return a.remainderEojul; }
+  static void SetLevelEnding(MAnalyzer& a, const std::string& ending,
+                             uint32_t bits) {
+    a.levels[0].ending = ending.c_str();
+    a.levels[0].endingBits = bits;
+  }
 
   // The next entry of a pending table, counted.
   static Eojul& NextCopulaTail(MAnalyzer& a) {
@@ -64,7 +67,6 @@ struct NounAnalysisProbe {
 
 namespace {
 
-using testing_driver::CandidateText;
 using testing_driver::Candidates;
 using testing_driver::Cp949;
 using testing_driver::DriverFixture;
@@ -100,7 +102,7 @@ std::map<std::string, std::string> NounKnowledge() {
       {"js.dic",
        "의\t의/JKG 0\n과\t과/JC 1\n를\t를/JK 2\n을\t을/JK 1\n에\t에/JK 0\n"
        "에서\t에서/JK 0\n도\t도/JX 0\n이\t이/JK 1\n가\t가/JK 2\n"},
-      {"xsn.dic", "들\n씩\n"},
+      {"xsn.dic", "들\n씩\n인\n"},
       {"xsnxsn.dic", ""},
       {"xp.dic", "신\n"},
       {"conj.dic", "및\n"},
@@ -265,12 +267,9 @@ TEST_F(NounAnalysisTest, StoredProperNounGroupsScoreByLengthAndCarryTheLevels) {
 }
 
 TEST_F(NounAnalysisTest, UserNounGroupsScoreByLengthTheLastByOnePointThreeMore) {
-  const std::string dir = ::testing::TempDir();
-  {
-    std::ofstream out(dir + "/noun_user.dic", std::ios::binary);
-    out << Cp949("한국어사전\t32@5\n");
-  }
-  ASSERT_EQ(1, fixture.knowledge.LoadUserNoun(dir.c_str(), "noun_user.dic", false));
+  testsupport::TempDir dir;
+  dir.Write("user.dic", "한국어사전\t32@5\n");
+  ASSERT_EQ(1, fixture.knowledge.LoadUserNoun(dir.Path().c_str(), "user.dic", false));
   Eojul& e = Fresh("한국어사전");
   EXPECT_EQ(2, Analyzer().AnalyzeNoun(e, kUserMode, -1));
   e.EndCandidate();
@@ -283,6 +282,48 @@ TEST_F(NounAnalysisTest, UserNounGroupsScoreByLengthTheLastByOnePointThreeMore) 
   EXPECT_EQ(2, Analyzer().AnalyzeNoun(p, kProperMode, -1));
   p.EndCandidate();
   EXPECT_EQ(0.9 * (8 * 0.31), p.ScoreAt(1));
+}
+
+TEST_F(NounAnalysisTest, GroupWithoutARowScoreTakesItsPlainScore) {
+  // 그들 is no noun: the divider's fixed answer has no row behind it.
+  Eojul& e = Fresh("그들");
+  EXPECT_EQ(1, Analyzer().AnalyzeNoun(e, kDriverMode, -1));
+  e.EndCandidate();
+  EXPECT_EQ(Candidates(e), (List{"그/NP+들/XSN"}));
+  EXPECT_EQ(0.0, PatternScore("그들", 2, 0));
+  // NP earns 0.4 units a byte; the suffix nothing.
+  EXPECT_DOUBLE_EQ(0.4 * (2 * 0.31) * 0.87, e.ScoreAt(0));
+}
+
+TEST_F(NounAnalysisTest, ContractedHaModesPutTheirEndingBehindEachGroup) {
+  // 경기관광공사 + 치 + 도: each finished group carries 하 지 and the levels;
+  // the last is left to the caller.
+  Eojul& e = Fresh("경기관광공사");
+  Probe::SetLevelEnding(Analyzer(), Cp949("도"), Pos::JX);
+  EXPECT_EQ(2, Analyzer().AnalyzeNoun(e, 90, 0));
+  e.EndCandidate();
+  EXPECT_EQ(Candidates(e), (List{"경기/NNG+관광/NNG+공사/NNG+하/XSD+지/EM+도/J_",
+                                 "경기/NNG+관광공사/NNG"}));
+  // After a user noun a division with a josa is refused.
+  Eojul& josa = Fresh("국가경제를");
+  EXPECT_EQ(-2, Analyzer().AnalyzeNoun(josa, 67, -1));
+  EXPECT_EQ(0, josa.GetListSize());
+  EXPECT_EQ(1, Analyzer().AnalyzeNoun(josa, 71, -1));
+}
+
+TEST_F(NounAnalysisTest, SuffixInAtTheEndBeforeACopulaMarksTheVerbState) {
+  Eojul& e = Fresh("국가경제인");
+  Fill(Probe::NextCopulaTail(Analyzer()), "국가경제인", {{"이", Pos::VC}});
+  EXPECT_EQ(1, Analyzer().AnalyzeNoun(e, kDriverMode, -1));
+  e.EndCandidate();
+  EXPECT_EQ(Candidates(e), (List{"국가/NNG+경제/NNG+인/XSN"}));
+  EXPECT_EQ(3, Analyzer().VerbState());
+  // Not once a copula stood.
+  Eojul& after = Fresh("국가경제인");
+  Fill(Probe::NextCopulaTail(Analyzer()), "국가경제인", {{"이", Pos::VC}});
+  Probe::SetFoundMask(Analyzer(), Pos::VC);
+  Analyzer().AnalyzeNoun(after, kDriverMode, -1);
+  EXPECT_EQ(0, Analyzer().VerbState());
 }
 
 // ---- Through the driver ----
@@ -438,70 +479,6 @@ TEST_F(NounAnalysisTest, AuxiliaryJiWantsAnEndingAOrEo) {
   Fill(Probe::NextAuxTail(Analyzer()), "먹지", {{"지", Pos::VX}, {"다", 0x00400600}});
   EXPECT_EQ(0, Analyzer().AnalyzeRemainder(refused));
   EXPECT_EQ(0, refused.GetListSize());
-}
-
-// ---- The annotated corpus with the shipped knowledge sources ----
-
-// The UTF-8 source dictionaries of the shipped knowledge, without the
-// pre-analysis file, so that every eojul goes through the routes.
-std::map<std::string, std::string> ShippedSources(
-    const std::filesystem::path& dir) {
-  std::map<std::string, std::string> files;
-  for (const auto& entry : std::filesystem::directory_iterator(dir)) {
-    const std::string name = entry.path().filename().string();
-    if (entry.path().extension() != ".dic" || name == "preanal.sys.dic") {
-      continue;
-    }
-    std::ifstream in(entry.path(), std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    files[name] = text.str();
-  }
-  return files;
-}
-
-TEST(NounAnalysisCorpusTest, EveryEojulGetsANonEmptyCandidate) {
-  const std::filesystem::path root(QRLSL_SOURCE_DIR);
-  const std::filesystem::path corpus = root / ".." / "shared" / "corpus";
-  const std::filesystem::path sources = root / "knowledge-src";
-  if (!std::filesystem::is_directory(corpus) ||
-      !std::filesystem::is_directory(sources)) {
-    GTEST_SKIP() << "no corpus or knowledge sources";
-  }
-  DriverFixture fixture(ShippedSources(sources));
-  fixture.analyzer.SetOption(0, 3);
-  long forms = 0;
-  long divided = 0;
-  for (const auto& entry :
-       std::filesystem::recursive_directory_iterator(corpus)) {
-    if (entry.path().extension() != ".conllu") continue;
-    std::ifstream in(entry.path());
-    std::string line;
-    while (std::getline(in, line)) {
-      if (line.empty() || line[0] == '#') continue;
-      std::istringstream fields(line);
-      std::string id;
-      std::string form;
-      if (!std::getline(fields, id, '\t') || !std::getline(fields, form, '\t') ||
-          Cp949(form).empty()) {
-        continue;
-      }
-      Eojul& e = fixture.Run(form);
-      ASSERT_GE(e.GetListSize(), 1) << form;
-      for (int c = 0; c < e.GetListSize(); ++c) {
-        ASSERT_GE(e.GetCount(c), 1) << form;
-        for (int m = 0; m < e.GetCount(c); ++m) {
-          ASSERT_NE('\0', e.GetLexicon(c, m)[0]) << form;
-        }
-        ASSERT_GE(e.GetScore(c), 0.0) << form;
-      }
-      if (e.GetCount(0) > 1 && (e.GetPOS(0, 1) & Pos::N_) != 0) ++divided;
-      ++forms;
-    }
-  }
-  EXPECT_GT(forms, 0);
-  // Compound nouns are divided somewhere in the corpus.
-  EXPECT_GT(divided, 0);
 }
 
 }  // namespace
