@@ -81,15 +81,16 @@ constexpr int kUserMode = 85;
 constexpr int kSuffixMode = 88;
 
 // Nouns for compounds (경기관광공사 divides two ways), one marked noun (전자,
-// NFG), a proper noun with a stored division of two alternatives; joints 가경
-// and 제정, and positions of 국가, 경제, 정책.
+// NFG), proper nouns with stored divisions of two alternatives (with unknown
+// pieces in the last two); joints 가경 and 제정, and positions of 국가, 경제,
+// 정책.
 std::map<std::string, std::string> NounKnowledge() {
   return {
       {"nng.dic",
        "국가\n경제\n정책\n경기\n관광\n공사\n관광공사\n학교\n책\n@전자\n"},
       {"np.dic", "그\n"},
       {"nnb.dic", "개\t1\n"},
-      {"nnp.dic", "대한민국\t22@4\n"},
+      {"nnp.dic", "대한민국\t22@4\n한빛누리\t1UU1@4\n누리한빛\tUU2@UUUU\n"},
       {"nni.dic", ""},
       {"nu.dic", ""},
       {"vv.dic", "먹\n가\n"},
@@ -181,6 +182,18 @@ TEST_F(NounAnalysisTest, OneGroupWithAnUnknownPieceIsRefusedOnAFreshToken) {
   Fill(Probe::NextSuffixTail(Analyzer()), "국가뷁뷁정책", {{"하", Pos::XSD}});
   EXPECT_EQ(-1, Analyzer().AnalyzeNoun(e, kSuffixMode, 0));
   EXPECT_EQ(0, e.GetListSize());
+}
+
+TEST_F(NounAnalysisTest, SeveralGroupsAreRefusedOnlyWhenEachHoldsAnUnknown) {
+  // Stored proper-noun divisions: one group free of unknown pieces lets the
+  // pattern pass (with result 0 for the unknown piece).
+  Eojul& e = Fresh("한빛누리");
+  EXPECT_EQ(0, Analyzer().AnalyzeNoun(e, kProperMode, -1));
+  e.EndCandidate();
+  EXPECT_EQ(Candidates(e), (List{"한/NNG+빛누/NNR+리/NNG", "한빛누리/NNG"}));
+  Eojul& all = Fresh("누리한빛");
+  EXPECT_EQ(-2, Analyzer().AnalyzeNoun(all, kProperMode, -1));
+  EXPECT_EQ(0, all.GetListSize());
 }
 
 TEST_F(NounAnalysisTest, UnknownPieceStandsOnceANounStageSaysSoAndScoresLess) {
@@ -393,6 +406,26 @@ TEST_F(NounAnalysisTest, NegativeStemDivisionIsPassedOnAndTheWordFallsBack) {
   EXPECT_EQ(0, e.GetListSize());
   EXPECT_STREQ(Cp949("뷁뷁뷁뷁를").c_str(), e.GetString());  // byte put back
   EXPECT_EQ(Candidates(fixture.Run("뷁뷁뷁뷁를")), (List{"뷁뷁뷁뷁를/NNR"}));
+}
+
+TEST_F(NounAnalysisTest, LoneStemEndOutsideTheListMarksAnUnregisteredClass) {
+  // 가 ranks no stem end: a single division of the stem before it marks NNR
+  // among the classes met.
+  Eojul& e = Fresh("국가경제가");
+  Probe::AddStemEnd(Analyzer(), 8, Josa("가"));
+  Probe::SetNounStage(Analyzer(), 3);
+  EXPECT_EQ(1, Analyzer().CommitPending(e));
+  EXPECT_EQ(Candidates(e), (List{"국가/NNG+경제/NNG+가/J_"}));
+  EXPECT_EQ(PatternScore("국가경제", 10, 0) + 0.15, e.ScoreAt(0));
+  EXPECT_EQ(-1, Probe::NounBest(Analyzer()));
+  EXPECT_EQ(Pos::NNR, Analyzer().FoundMask() & Pos::NNR);
+
+  Eojul& ranked = Fresh("국가경제를");
+  Probe::AddStemEnd(Analyzer(), 8, Josa("를"));
+  Probe::SetNounStage(Analyzer(), 3);
+  EXPECT_EQ(1, Analyzer().CommitPending(ranked));
+  EXPECT_EQ(Candidates(ranked), (List{"국가/NNG+경제/NNG+를/J_"}));
+  EXPECT_EQ(0u, Analyzer().FoundMask() & Pos::NNR);
 }
 
 TEST_F(NounAnalysisTest, CopulaTailJoinsTheDivisionOfItsNounPart) {
