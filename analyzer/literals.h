@@ -35,9 +35,7 @@ constexpr const char* kRoga = "\xB7\xCE\xB0\xA1";     // 로가
 // The josa that rank a stem end, searched as a substring.
 constexpr const char* kStemEndJosa =
     "\xB4\xC2:\xB8\xA6:\xB2\xB2:\xC0\xBB:\xC0\xBA";  // 는:를:께:을:은
-constexpr const char* kHa = "\xC7\xCF";                // 하
 constexpr const char* kJi = "\xC1\xF6";                // 지
-constexpr const char* kGe = "\xB0\xD4";                // 게
 constexpr const char* kMal = "\xB8\xBB";               // 말
 constexpr const char* kMotha = "\xB8\xF8\xC7\xCF";    // 못하
 constexpr const char* kAnh = "\xBE\xCA";               // 않

@@ -102,7 +102,7 @@ void MAnalyzer::AddGroupTail(Eojul& e, int mode, int level) {
       break;
     case kKeProper:
     case kKeUser:
-      ending = Hangul::Noun::kGe;
+      ending = Hangul::kGe;
       break;
     case kKiProper:
     case kKiUser:
@@ -126,7 +126,7 @@ void MAnalyzer::AddGroupTail(Eojul& e, int mode, int level) {
       return;
   }
   // The contracted 하 and its ending, then the levels.
-  e.AddMorpheme(Hangul::Noun::kHa, Pos::XSD);
+  e.AddMorpheme(Hangul::kHa, Pos::XSD);
   e.AddMorpheme(ending, endingBits);
   AddEndings(e, level);
 }
