@@ -17,6 +17,7 @@
 #include "eojul/eojul.h"
 #include "eojul/text_stream.h"
 #include "tagger/post_passes.h"
+#include "tagger/tagger.h"
 #include "knowledge/suffix_lists.h"
 #include "qrlsl/qr_analyzer.h"
 #include "text/strings.h"
@@ -89,10 +90,9 @@ class MAnalyzer : public QR_Analyzer {
   // The option byte of `option` (0 for 9 and 10, which have none).
   signed char Option(int option) const { return options[option]; }
   Eojul* CurrentEojul() { return static_cast<Eojul*>(eojul); }
-  Dictionary* Knowledge() { return reinterpret_cast<Dictionary*>(knowledge); }
-  const Dictionary* Knowledge() const {
-    return reinterpret_cast<const Dictionary*>(knowledge);
-  }
+  // The bound knowledge as the one concrete class it can be.
+  Dictionary* Knowledge();
+  const Dictionary* Knowledge() const;
 
   // The per-token cascade: leaves the candidates of `e`, unscored. Returns
   // the analysis result (0 none); re-entered for a sub-token (type 0x80).
@@ -343,6 +343,7 @@ class MAnalyzer : public QR_Analyzer {
   TextStream streams;
   // Noun analysis: the division of words no dictionary entry covers.
   NounDivider compoundAnalyzer;
+  Tagger tagger;
   Eojul remainderEojul;
   std::vector<Eojul> sentence;
   StringEx line;

@@ -104,6 +104,10 @@ void MAnalyzer::RunLine() {
   if ((exOption & ExOption::kKeepSentence) != 0 &&
       (exOption & ExOption::kTaggingMode) != 0) {
     Tagging(0);
+    // In tagging mode the tokens are printed once tagged.
+    if ((exOption & ExOption::kPrint) != 0) {
+      for (Eojul& e : sentence) e.Print(Output(), rawOutput);
+    }
   }
 }
 
@@ -128,9 +132,11 @@ int MAnalyzer::RunFile(const char* inputPath, const char* outputPath) {
   return RunFile();
 }
 
-void MAnalyzer::Tagging(int /*mode*/) {
-  // The tagger is not part of the library yet: the sentence is left as the
-  // analysis gave it.
+void MAnalyzer::Tagging(int mode) {
+  // Messages of the tagger (a wrong mode, a faulty rule) go to standard
+  // error; the knowledge is bound anew in case SetKnowledge changed it.
+  tagger.Bind(Knowledge(), nullptr);
+  tagger.Tagging(sentence, mode);
 }
 
 }  // namespace Quorel

@@ -49,3 +49,50 @@ TEST(PipelinePassesTest, CompoundRunPassOnTheTwoStageRoute) {
 }  // namespace
 }  // namespace testing_driver
 }  // namespace Quorel
+
+namespace Quorel {
+namespace testing_driver {
+namespace {
+
+TEST(PipelineTaggingTest, TaggingLeavesOneCandidatePerEojul) {
+  DriverFixture fixture(SmallKnowledge());
+  MAnalyzer& analyzer = fixture.analyzer;
+  analyzer.SetExOption(1);
+  std::string text = Cp949("나는 학교에서 먹는다. 3개");
+  analyzer.RunWithString(text.c_str());
+  int count = analyzer.GetEojulCountInSentence();
+  ASSERT_GT(count, 3);
+  bool several = false;
+  for (int i = 0; i < count; ++i) {
+    several = several || analyzer.GetEojulInSentence(i)->GetListSize() > 1;
+  }
+  EXPECT_TRUE(several) << "the sentence should offer a choice to the tagger";
+  for (int mode : {0, 1}) {
+    analyzer.RunWithString(text.c_str());
+    analyzer.Tagging(mode);
+    ASSERT_EQ(analyzer.GetEojulCountInSentence(), count) << mode;
+    for (int i = 0; i < count; ++i) {
+      QR_Eojul* e = analyzer.GetEojulInSentence(i);
+      EXPECT_EQ(e->GetListSize(), 1) << mode << " " << i;
+      EXPECT_GE(e->GetStartOffset(0, 0), 0) << "offsets follow tagging";
+    }
+  }
+}
+
+TEST(PipelineTaggingTest, WrongModeChangesNothing) {
+  DriverFixture fixture(SmallKnowledge());
+  MAnalyzer& analyzer = fixture.analyzer;
+  analyzer.SetExOption(1);
+  analyzer.RunWithString(Cp949("나는 학교에서").c_str());
+  int before = analyzer.GetEojulInSentence(0)->GetListSize();
+  ::testing::internal::CaptureStderr();
+  analyzer.Tagging(2);
+  std::string message = ::testing::internal::GetCapturedStderr();
+  EXPECT_NE(message.find("Wrong tagging mode. Select tagging mode 0 or 1."),
+            std::string::npos);
+  EXPECT_EQ(analyzer.GetEojulInSentence(0)->GetListSize(), before);
+}
+
+}  // namespace
+}  // namespace testing_driver
+}  // namespace Quorel
