@@ -10,6 +10,7 @@
 #define QRLSL_ANALYZER_M_ANALYZER_H_
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "analyzer/eojul_pool.h"
@@ -347,6 +348,7 @@ class MAnalyzer : public QR_Analyzer {
   Eojul remainderEojul;
   std::vector<Eojul> sentence;
   StringEx line;
+  std::string scanBuffer;  // the scanner's token under construction
   LevelRec levels[kLevelCount];
   int32_t levelIndex = 0;
   // Scratch strings: workText holds a handler's saved ending and the text

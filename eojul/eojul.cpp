@@ -43,7 +43,19 @@ Eojul::Eojul(unsigned size)
   Initialize(false);
 }
 
-Eojul::Eojul(const Eojul& other) : Eojul(other.capacity) {
+// A copy fills only what the source used (the readers never look past
+// that), and reserves no view: the sentence vector makes many of them.
+Eojul::Eojul(const Eojul& other)
+    : indexMask(0),
+      text(inlineText),
+      morphemes(inlineMorphemes),
+      candidates(inlineCandidates),
+      scores(inlineScores),
+      capacity(kInlineCapacity),
+      startOffsets(inlineStartOffsets),
+      endOffsets(inlineEndOffsets) {
+  if (other.capacity > kInlineCapacity) AllocateArrays(other.capacity, false);
+  Initialize(false);
   CopyFrom(other);
   indexMask = other.indexMask;
   minForeignLength = other.minForeignLength;

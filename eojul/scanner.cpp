@@ -22,9 +22,11 @@ constexpr int kTokenLimit = 256;
 constexpr unsigned kTextClasses =
     EojulType::kDigit | EojulType::kLatin | EojulType::kDoubleByte;
 
-// The token under construction and the scan position.
+// The token under construction and the scan position. The buffer is the
+// analyzer's, reserved once, so that a line costs no allocation.
 struct ScanState {
-  std::string buffer;
+  explicit ScanState(std::string& tokenBuffer) : buffer(tokenBuffer) {}
+  std::string& buffer;
   unsigned type = 0;
   unsigned marks = 0;
   int position = 0;
@@ -40,8 +42,9 @@ void MAnalyzer::ScanText(const char* text, int length) {
     Logger().Write(message.c_str());
     return;
   }
-  ScanState s;
-  s.buffer.reserve(static_cast<size_t>(length) + 2);
+  ScanState s(scanBuffer);
+  s.buffer.clear();
+  s.buffer.reserve(static_cast<size_t>(kLineLimit) + 2);
   const int width = options[18] > 0 ? 1 : 2;
   auto at = [&](int k) -> unsigned char {
     return k <= length ? static_cast<unsigned char>(text[k]) : 0;
