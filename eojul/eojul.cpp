@@ -23,7 +23,7 @@ void CopyPrefix(T* to, const T* from, uint32_t count) {
 
 }  // namespace
 
-Eojul::Eojul(unsigned size)
+Eojul::Eojul(InlineStorage)
     : indexMask(0),
       text(inlineText),
       morphemes(inlineMorphemes),
@@ -31,7 +31,9 @@ Eojul::Eojul(unsigned size)
       scores(inlineScores),
       capacity(kInlineCapacity),
       startOffsets(inlineStartOffsets),
-      endOffsets(inlineEndOffsets) {
+      endOffsets(inlineEndOffsets) {}
+
+Eojul::Eojul(unsigned size) : Eojul(InlineStorage{}) {
   std::memset(inlineText, 0, sizeof(inlineText));
   std::memset(inlineMorphemes, 0, sizeof(inlineMorphemes));
   std::memset(inlineCandidates, 0, sizeof(inlineCandidates));
@@ -45,15 +47,7 @@ Eojul::Eojul(unsigned size)
 
 // A copy fills only what the source used (the readers never look past
 // that), and reserves no view: the sentence vector makes many of them.
-Eojul::Eojul(const Eojul& other)
-    : indexMask(0),
-      text(inlineText),
-      morphemes(inlineMorphemes),
-      candidates(inlineCandidates),
-      scores(inlineScores),
-      capacity(kInlineCapacity),
-      startOffsets(inlineStartOffsets),
-      endOffsets(inlineEndOffsets) {
+Eojul::Eojul(const Eojul& other) : Eojul(InlineStorage{}) {
   if (other.capacity > kInlineCapacity) AllocateArrays(other.capacity, false);
   Initialize(false);
   CopyFrom(other);

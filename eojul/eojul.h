@@ -127,6 +127,10 @@ class Eojul : public QR_Eojul {
   bool numberPunctuation = false;
 
  private:
+  // The arrays pointed at the inline areas, nothing else set.
+  struct InlineStorage {};
+  explicit Eojul(InlineStorage);
+
   void AllocateArrays(uint32_t newCapacity, bool copyOld);
   void FreeArrays();
   // Points the six arrays at the given storage of `newCapacity`.

@@ -23,23 +23,10 @@ using testing_driver::SmallKnowledge;
 const std::filesystem::path kSourceDir(QRLSL_SOURCE_DIR);
 
 // The forms of the corpus that have a CP949 spelling, in file order.
-std::vector<std::string> CorpusForms(const std::filesystem::path& corpus) {
+std::vector<std::string> CorpusForms() {
   std::vector<std::string> forms;
-  for (const auto& entry :
-       std::filesystem::recursive_directory_iterator(corpus)) {
-    if (entry.path().extension() != ".conllu") continue;
-    std::ifstream in(entry.path());
-    std::string line;
-    while (std::getline(in, line)) {
-      if (line.empty() || line[0] == '#') continue;
-      std::istringstream fields(line);
-      std::string id;
-      std::string form;
-      if (!std::getline(fields, id, '\t') || !std::getline(fields, form, '\t')) {
-        continue;
-      }
-      if (!Cp949(form).empty()) forms.push_back(form);
-    }
+  for (const std::string& form : testsupport::CorpusForms()) {
+    if (!Cp949(form).empty()) forms.push_back(form);
   }
   return forms;
 }
@@ -87,11 +74,10 @@ std::map<std::string, std::string> ShippedSources() {
 class CorpusRunTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    const std::filesystem::path corpus = kSourceDir / ".." / "shared" / "corpus";
-    if (!std::filesystem::is_directory(corpus)) {
-      GTEST_SKIP() << "no corpus at " << corpus;
+    if (testsupport::CorpusDirectory().empty()) {
+      GTEST_SKIP() << "no corpus beside the repository";
     }
-    forms = CorpusForms(corpus);
+    forms = CorpusForms();
     ASSERT_FALSE(forms.empty());
   }
 

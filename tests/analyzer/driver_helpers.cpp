@@ -6,31 +6,9 @@
 #include <stdexcept>
 
 #include "eojul/tag_set.h"
-#include "text/charset.h"
 
 namespace Quorel {
 namespace testing_driver {
-
-namespace {
-
-std::string Convert(const std::string& in, const char* from, const char* to) {
-  WideChar* wide = ToWide(in.c_str(), from);
-  char* bytes = FromWide(wide, to);
-  std::string out = bytes != nullptr ? bytes : "";
-  FreeWide(wide);
-  FreeBytes(bytes);
-  return out;
-}
-
-}  // namespace
-
-std::string Cp949(const std::string& utf8) {
-  return Convert(utf8, "UTF-8", "CP949");
-}
-
-std::string Utf8(const std::string& cp949) {
-  return Convert(cp949, "CP949", "UTF-8");
-}
 
 std::string CandidateText(Eojul& e, int candidate) {
   std::string text;

@@ -9,14 +9,15 @@
 #include <vector>
 
 #include "analyzer/m_analyzer.h"
+#include "common/test_support.h"
 #include "knowledge/dictionary.h"
 
 namespace Quorel {
 namespace testing_driver {
 
-// UTF-8 to CP949 and back with ToWide / FromWide.
-std::string Cp949(const std::string& utf8);
-std::string Utf8(const std::string& cp949);
+// UTF-8 to CP949 and back, from the shared support.
+using Quorel::testsupport::Cp949;
+using Quorel::testsupport::Utf8;
 
 // One candidate as "form/TAG+form/TAG", in UTF-8.
 std::string CandidateText(Eojul& e, int candidate);

@@ -75,5 +75,54 @@ bool TempDir::Exists(const std::string& name) const {
   return std::filesystem::exists(File(name));
 }
 
+std::string CorpusDirectory() {
+  std::filesystem::path corpus =
+      std::filesystem::path(QRLSL_SOURCE_DIR) / ".." / "shared" / "corpus";
+  return std::filesystem::is_directory(corpus) ? corpus.string() : "";
+}
+
+namespace {
+
+// Calls `take` with every line of every CoNLL-U file of the corpus.
+template <class Take>
+void ForEachCorpusLine(Take take) {
+  std::string corpus = CorpusDirectory();
+  if (corpus.empty()) return;
+  for (const auto& entry :
+       std::filesystem::recursive_directory_iterator(corpus)) {
+    if (entry.path().extension() != ".conllu") continue;
+    std::ifstream in(entry.path());
+    std::string line;
+    while (std::getline(in, line)) take(line);
+  }
+}
+
+}  // namespace
+
+std::vector<std::string> CorpusForms() {
+  std::vector<std::string> forms;
+  ForEachCorpusLine([&](const std::string& line) {
+    if (line.empty() || line[0] == '#') return;
+    size_t first = line.find('\t');
+    if (first == std::string::npos) return;
+    size_t second = line.find('\t', first + 1);
+    forms.push_back(line.substr(first + 1, second == std::string::npos
+                                               ? std::string::npos
+                                               : second - first - 1));
+  });
+  return forms;
+}
+
+std::vector<std::string> CorpusSentences() {
+  static const std::string mark = "# text = ";
+  std::vector<std::string> sentences;
+  ForEachCorpusLine([&](const std::string& line) {
+    if (line.compare(0, mark.size(), mark) == 0) {
+      sentences.push_back(line.substr(mark.size()));
+    }
+  });
+  return sentences;
+}
+
 }  // namespace testsupport
 }  // namespace Quorel

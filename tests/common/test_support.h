@@ -4,6 +4,7 @@
 #define QRLSL_TESTS_COMMON_TEST_SUPPORT_H_
 
 #include <string>
+#include <vector>
 
 namespace Quorel {
 namespace testsupport {
@@ -41,6 +42,14 @@ class TempDir {
 
 // The whole content of a file; "" when it can't be read.
 std::string ReadFile(const std::string& path);
+
+// The annotated corpus beside the repository ("../shared/corpus"), read at
+// run time only; "" when it is absent (tests then skip).
+std::string CorpusDirectory();
+// The FORM column of every token line of its CoNLL-U files, in file order.
+std::vector<std::string> CorpusForms();
+// The "# text = " sentences of its CoNLL-U files, in file order.
+std::vector<std::string> CorpusSentences();
 
 }  // namespace testsupport
 }  // namespace Quorel

@@ -2,6 +2,8 @@
 // and tagged in both modes: every eojul keeps exactly one candidate.
 #include <gtest/gtest.h>
 
+#include "common/test_support.h"
+
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -21,25 +23,7 @@ using ::testing::internal::GetCapturedStderr;
 using testing_tagger::Cp949;
 using testing_tagger::SinfoDirectory;
 
-// The "# text = " lines of every CoNLL-U file under the corpus.
-std::vector<std::string> CorpusSentences() {
-  std::vector<std::string> sentences;
-  const std::filesystem::path corpus =
-      std::filesystem::path(QRLSL_SOURCE_DIR) / ".." / "shared" / "corpus";
-  if (!std::filesystem::is_directory(corpus)) return sentences;
-  const std::string mark = "# text = ";
-  for (const auto& entry :
-       std::filesystem::recursive_directory_iterator(corpus)) {
-    if (entry.path().extension() != ".conllu") continue;
-    std::ifstream in(entry.path());
-    std::string line;
-    while (std::getline(in, line)) {
-      if (line.compare(0, mark.size(), mark) != 0) continue;
-      sentences.push_back(line.substr(mark.size()));
-    }
-  }
-  return sentences;
-}
+using Quorel::testsupport::CorpusSentences;
 
 TEST(CorpusSentencesTest, EveryEojulEndsWithOneCandidate) {
   const std::vector<std::string> sentences = CorpusSentences();
