@@ -47,7 +47,7 @@ int TextStream::ReadLine(StringEx& line, int limit) {
   std::istream& in = In();
   line.Clear();
   if (!in.good()) return 0;
-  std::vector<char> buffer(static_cast<size_t>(limit) + 1);
+  if (buffer.size() < static_cast<size_t>(limit) + 1) buffer.resize(limit + 1);
   in.getline(buffer.data(), limit + 1);
   std::streamsize read = in.gcount();
   if (read == 0 && in.eof()) return 0;

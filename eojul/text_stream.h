@@ -8,6 +8,7 @@
 #include <fstream>
 #include <istream>
 #include <ostream>
+#include <vector>
 
 #include "text/strings.h"
 
@@ -34,6 +35,7 @@ class TextStream {
  private:
   std::ifstream input;
   std::ofstream output;
+  std::vector<char> buffer;  // one line, kept between reads
   bool inputOpen = false;
   bool outputOpen = false;
 };
