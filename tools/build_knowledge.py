@@ -166,10 +166,52 @@ def merged(imported, own):
     return out
 
 
+# Derivational suffixes that the analyzer's derivation route reads behind a
+# noun (공부/NNG + 하/XSV, 사용 + 되, 자연 + 스럽): a predicate built of a
+# noun and one of them is stored as the noun alone. 하 also follows a root
+# that is no noun of its own (깨끗하다, 아담하다); such roots are added to the
+# nouns. Only pieces of two syllables or more are split: 통하다, 위하다 and
+# 말하다 stay whole, and so do verb forms in 아/어 before 하 (좋아하다).
+DERIVATION_SUFFIXES = ('하', '되', '시키', '스럽', '당하', '받', '드리')
+PREDICATE_FILES = ('vv.dic', 'va.dic')
+# Vowels that end an infinitive in 아/어 (좋아, 미워, 기뻐, 귀찮아 + 하다).
+EO_VOWELS = {0, 1, 3, 4, 6, 9, 10, 14}  # ㅏ ㅐ ㅒ ㅓ ㅕ ㅘ ㅙ ㅝ
+
+
+def infinitive_like(syllable):
+    """True for an open syllable whose vowel ends a 아/어 form."""
+    code = ord(syllable) - 0xAC00
+    if not 0 <= code < 11172 or code % 28 != 0:
+        return False
+    return (code // 28) % 21 in EO_VOWELS
+
+
+def split_derived(stems, nouns):
+    """(stems to keep, roots to add as nouns) for the lines of a predicate
+    file; a stem is the line's first field."""
+    kept, roots = [], []
+    for line in stems:
+        stem = re.split('[\t ]', line, maxsplit=1)[0]
+        base = None
+        for suffix in DERIVATION_SUFFIXES:
+            if stem.endswith(suffix) and len(stem) - len(suffix) >= 2:
+                base = stem[:-len(suffix)]
+                if base in nouns:
+                    break
+                if suffix == '하' and not infinitive_like(base[-1]):
+                    roots.append(base)
+                    break
+                base = None
+        if base is None:
+            kept.append(line)
+    return kept, roots
+
+
 def build(src, out, imported_dir=None, compiler=None, log=sys.stderr):
     """Builds `out` from `src`; returns the number of malformed lines."""
     os.makedirs(os.path.join(out, 'sinfo'), exist_ok=True)
     bad = 0
+    sources = {}
     for name in ENDING_FILES + MAIN_FILES + LIST_FILES + [PREANALYSIS]:
         own, problems = [], []
         path = os.path.join(src, name)
@@ -182,7 +224,13 @@ def build(src, out, imported_dir=None, compiler=None, log=sys.stderr):
         extra = os.path.join(imported_dir, name) if imported_dir else None
         if extra and os.path.exists(extra):
             imported, _ = read_source(extra, name)
-        lines = merged(imported, own)
+        sources[name] = merged(imported, own)
+    nouns = {line.split('\t')[0].lstrip('@') for line in sources['nng.dic']}
+    for name in PREDICATE_FILES:
+        sources[name], roots = split_derived(sources[name], nouns)
+        sources['nng.dic'] = merged(sources['nng.dic'], roots)
+        nouns.update(roots)
+    for name, lines in sources.items():
         if not lines:
             continue
         lost = write_cp949(os.path.join(out, name), lines)

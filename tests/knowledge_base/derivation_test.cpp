@@ -1,0 +1,104 @@
+// Predicates built of a noun or root and a derivational suffix are stored
+// as the noun, and the analyzer reads the suffix; endings that follow a
+// prefinal ending (었, 겠, 시) take that route with the shipped knowledge.
+#include <fstream>
+#include <memory>
+#include <set>
+#include <sstream>
+#include <string>
+
+#include "gtest/gtest.h"
+#include "knowledge/dictionary.h"
+#include "knowledge_base/kb_helpers.h"
+#include "qrlsl/qrlsl.h"
+
+namespace {
+
+using kbtest::Cp949;
+using kbtest::Utf8;
+
+std::set<std::string> Lines(const std::string& path) {
+  std::set<std::string> lines;
+  std::istringstream in(kbtest::Utf8(kbtest::ReadFile(path)));
+  std::string line;
+  while (std::getline(in, line)) lines.insert(line);
+  return lines;
+}
+
+TEST(DerivedPredicates, NounPlusSuffixIsStoredAsTheNoun) {
+  std::string src = kbtest::FreshDir("derived_src");
+  {
+    std::ofstream(src + "/nng.dic") << "공부\n사용\n자연\n말\n";
+    std::ofstream(src + "/vv.dic") << "공부하\n사용되\n통하\n말하\n좋아하\n먹\n"
+                                   << "미워하\tㅂ\n";
+    std::ofstream(src + "/va.dic") << "깨끗하\n자연스럽\tㅂ\n기쁘\n";
+  }
+  std::string out = kbtest::FreshDir("derived_out");
+  std::string errors;
+  ASSERT_EQ(kbtest::Run(std::string("python3 ") + QRLSL_SOURCE_DIR +
+                            "/tools/build_knowledge.py --no-hunspell --src " + src +
+                            " --out " + out,
+                        &errors),
+            0)
+      << errors;
+  // One-syllable bases (통하, 말하) and 아/어 forms before 하 stay whole.
+  EXPECT_EQ(Lines(out + "/vv.dic"),
+            (std::set<std::string>{"통하", "말하", "좋아하", "먹", "미워하\tㅂ"}));
+  EXPECT_EQ(Lines(out + "/va.dic"), (std::set<std::string>{"기쁘"}));
+  // A root before 하 that is no noun joins the nouns.
+  EXPECT_EQ(Lines(out + "/nng.dic"),
+            (std::set<std::string>{"공부", "사용", "자연", "말", "깨끗"}));
+}
+
+class CoreAnalysis : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    dic = new Quorel::Dictionary(false);
+    dic->LoadKnowledge(kbtest::CoreKnowledgeDir().c_str(), false, true);
+    dic->LoadPreAnalysis(kbtest::CoreKnowledgeDir().c_str(), "preanal.sys.dic", true);
+  }
+  static void TearDownTestSuite() { delete dic; }
+
+  // Every candidate of the one eojul `word`, as lexicon/TAG+... in UTF-8.
+  static std::set<std::string> Candidates(const std::string& word) {
+    std::unique_ptr<Quorel::QR_Analyzer> analyzer(Quorel::CreateAnalyzer(dic));
+    analyzer->SetExOption(1);
+    analyzer->RunWithString(Cp949(word).c_str());
+    std::set<std::string> out;
+    if (analyzer->GetEojulCountInSentence() != 1) return out;
+    Quorel::QR_Eojul* e = analyzer->GetEojulInSentence(0);
+    for (int c = 0; c < e->GetListSize(); ++c) {
+      std::string text;
+      for (int m = 0; m < e->GetCount(c); ++m) {
+        if (m > 0) text += "+";
+        text += Utf8(e->GetLexicon(c, m)) + "/" + e->GetStrPOS(c, m);
+      }
+      out.insert(text);
+    }
+    return out;
+  }
+
+  static Quorel::Dictionary* dic;
+};
+Quorel::Dictionary* CoreAnalysis::dic = nullptr;
+
+TEST_F(CoreAnalysis, EndingsFollowPrefinalEndings) {
+  EXPECT_EQ(Candidates("먹었습니다").count("먹/VV+었/EP+습니다/EM"), 1u);
+  EXPECT_EQ(Candidates("먹었는데").count("먹/VV+었/EP+는데/EM"), 1u);
+  EXPECT_EQ(Candidates("가겠습니까").count("가/VV+겠/EP+습니까/EM"), 1u);
+  EXPECT_EQ(Candidates("하시는").count("하/VV+시/EP+는/ETM"), 1u);
+  EXPECT_EQ(Candidates("하십니다").count("하/VV+시/EP+ㅂ니다/EM"), 1u);
+  EXPECT_EQ(Candidates("가시려고").count("가/VV+시/EP+려고/EM"), 1u);
+  // The present declarative 는다 still never follows 었.
+  EXPECT_EQ(Candidates("먹었는다").count("먹/VV+었/EP+는다/EM"), 0u);
+  EXPECT_EQ(Candidates("먹는다").count("먹/VV+는다/EM"), 1u);
+}
+
+TEST_F(CoreAnalysis, DerivedPredicatesReadTheirSuffix) {
+  std::set<std::string> clean = Candidates("깨끗한");
+  EXPECT_EQ(clean.count("깨끗/NNG+하/XSD+ㄴ/ETM"), 1u);
+  EXPECT_EQ(clean.count("깨끗하/VA+ㄴ/ETM"), 0u);
+  EXPECT_EQ(Candidates("공부했다").count("공부/NNG+하/XSD+었/EP+다/EM"), 1u);
+}
+
+}  // namespace
