@@ -1,0 +1,146 @@
+// CorpusStatistics: what is counted, in which order it is written, and what
+// is left out so that the loaders read every line; the mapping of Sejong
+// tags onto the tag-list strings of this analyzer.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "common/test_support.h"
+#include "knowledge/corpus_statistics.h"
+#include "tools/corpus_training.h"
+
+namespace Quorel {
+namespace {
+
+using testsupport::Cp949;
+
+std::vector<std::string> Pieces(std::initializer_list<const char*> utf8) {
+  std::vector<std::string> pieces;
+  for (const char* p : utf8) pieces.push_back(Cp949(p));
+  return pieces;
+}
+
+std::vector<TaggedEojul> Sentence(
+    std::initializer_list<std::pair<const char*, const char*>> eojuls) {
+  std::vector<TaggedEojul> sentence;
+  for (const auto& e : eojuls) sentence.push_back({Cp949(e.first), e.second});
+  return sentence;
+}
+
+TEST(CorpusStatisticsTest, CompoundsGiveJointsAndPlacesAtTheFloor) {
+  CorpusStatistics stats;
+  for (int i = 0; i < 100; ++i) stats.AddCompound(Pieces({"국제", "의료", "관광", "협의회"}));
+  for (int i = 0; i < 60; ++i) stats.AddCompound(Pieces({"의료", "관광"}));
+  // 의료: 100 times in the middle and 60 first; 관광 160 times, 60 last.
+  EXPECT_EQ(stats.DivInfoText(), Cp949("료 관\t160\n광 협\t100\n제 의\t100\n"));
+  EXPECT_EQ(stats.PosInfoText(), Cp949("관광\t0\t100\t60\n의료\t60\t100\t0\n"
+                                       "국제\t100\t0\t0\n협의회\t0\t0\t100\n"));
+}
+
+TEST(CorpusStatisticsTest, FrequenciesUnderTheFloorAreNotWritten) {
+  CorpusStatistics stats;
+  for (int i = 0; i < 99; ++i) stats.AddCompound(Pieces({"경기", "관광"}));
+  EXPECT_EQ(stats.DivInfoText(), "");
+  EXPECT_EQ(stats.PosInfoText(), "");
+  // One-syllable pieces join but are not looked up by place.
+  stats.AddCompound(Pieces({"경기", "관광"}));
+  for (int i = 0; i < 100; ++i) stats.AddCompound(Pieces({"도", "내"}));
+  EXPECT_EQ(stats.DivInfoText(), Cp949("기 관\t100\n도 내\t100\n"));
+  EXPECT_EQ(stats.PosInfoText(), Cp949("경기\t100\t0\t0\n관광\t0\t0\t100\n"));
+}
+
+TEST(CorpusStatisticsTest, PiecesOtherThanHangulBreakTheCompound) {
+  CorpusStatistics stats;
+  for (int i = 0; i < 100; ++i) {
+    stats.AddCompound(Pieces({"경기", "ab", "관광", "공사", "3", "학교"}));
+  }
+  // Left: 경기 alone; 관광+공사 a compound; 학교 alone.
+  EXPECT_EQ(stats.DivInfoText(), Cp949("광 공\t100\n"));
+  EXPECT_EQ(stats.PosInfoText(), Cp949("공사\t0\t0\t100\n관광\t100\t0\t0\n"));
+}
+
+TEST(CorpusStatisticsTest, SentenceEdgesAndEojulsWithoutTagList) {
+  CorpusStatistics stats;
+  stats.AddSentence(Sentence({{"가", "NNG"}, {"?", ""}, {"나", "VV+EM"}}));
+  stats.AddSentence(Sentence({{"나", "VV+EM"}}));
+  EXPECT_EQ(stats.SentenceCount(), 2u);
+  // The eojul without a tag list is no context: 가 stands before 나.
+  EXPECT_EQ(stats.TagListText(), "FOS\nEOS\nVV+EM\nNNG\n");
+  EXPECT_EQ(stats.TagCountText(),
+            "VV+EM\t2\nFOS\tEOS\t1\nNNG\tEOS\t1\nNNG\t1\nFOS\tVV+EM\t1\n");
+  EXPECT_EQ(stats.WordListText(), Cp949("나\t2\n가\t1\n"));
+  EXPECT_EQ(stats.WordCountText(), Cp949("나-VV+EM\t2\nFOS\tEOS\t1\nNNG\tEOS\t1\n"
+                                         "가-NNG\t1\nFOS\tVV+EM\t1\n"));
+}
+
+TEST(CorpusStatisticsTest, SurfacesTheLoadersTakeForCommentsHaveNoWordEntry) {
+  CorpusStatistics stats;
+  stats.AddSentence(Sentence({{";", "SC"}, {"/", "SC"}, {"가", "NNG"}}));
+  EXPECT_EQ(stats.TagListText(), "FOS\nEOS\nSC\nNNG\n");
+  EXPECT_EQ(stats.TagCountText(),
+            "SC\t2\nFOS\tSC\t1\nSC\tNNG\t1\nNNG\t1\nSC\tEOS\t1\n");
+  EXPECT_EQ(stats.WordListText(), Cp949("가\t1\n"));
+  EXPECT_EQ(stats.WordCountText(), Cp949("가-NNG\t1\nSC\tEOS\t1\n"));
+}
+
+TEST(CorpusStatisticsTest, TagListsWithoutAnIdAreLeftOutOfTheBlocks) {
+  CorpusStatistics stats;
+  // A tag list the loader would read as a comment gets no id.
+  stats.AddSentence(Sentence({{"가", "NNG"}, {"나", "/X"}}));
+  EXPECT_EQ(stats.TagListText(), "FOS\nEOS\nNNG\n");
+  EXPECT_EQ(stats.TagCountText(), "NNG\t0\n");
+  EXPECT_EQ(stats.WordCountText(), Cp949("가-NNG\t0\n"));
+}
+
+TEST(CorpusStatisticsTest, WriteMakesTheSixFiles) {
+  testsupport::TempDir dir;
+  CorpusStatistics stats;
+  stats.AddSentence(Sentence({{"가", "NNG"}}));
+  std::string error;
+  ASSERT_TRUE(stats.Write(dir.Path(), error)) << error;
+  EXPECT_EQ(dir.Read("sinfo/tag_list.txt"), "FOS\nEOS\nNNG\n");
+  EXPECT_EQ(dir.Read("sinfo/taglist.klg"), "NNG\t1\nFOS\tEOS\t1\n");
+  for (const char* name : {"divInfo_freq_sorted.txt", "posInfo_freq_sorted.txt",
+                           "sinfo/word_list.txt", "sinfo/wordlist.klg"}) {
+    EXPECT_TRUE(dir.Exists(name)) << name;
+  }
+  // Missing directories are made; a file in the way fails.
+  EXPECT_TRUE(stats.Write(dir.File("new/place"), error));
+  EXPECT_TRUE(dir.Exists("new/place/sinfo/wordlist.klg"));
+  const std::string plain = dir.WriteRaw("plain", "x");
+  EXPECT_FALSE(stats.Write(plain, error));
+  EXPECT_NE(error.find("can't write"), std::string::npos);
+}
+
+TEST(SejongMappingTest, TagListsAreWrittenAsGetStrPosNamesThem) {
+  using treebank::MappedTagList;
+  using treebank::Morpheme;
+  // Case josa and JKG, JX all come back as J_; a josa chain is one morpheme.
+  EXPECT_EQ(MappedTagList({{"학교", "NNG"}, {"에서", "JKB"}, {"도", "JX"}}),
+            "NNG+J_");
+  EXPECT_EQ(MappedTagList({{"나라", "NNG"}, {"의", "JKG"}}), "NNG+J_");
+  // EF and EC are EM, XSV and XSA XSD, VCP VC, VCN VA, NR NU, MAG MA.
+  EXPECT_EQ(MappedTagList({{"공부", "NNG"}, {"하", "XSV"}, {"았", "EP"},
+                           {"다", "EF"}}),
+            "NNG+XSD+EP+EM");
+  EXPECT_EQ(MappedTagList({{"깨끗", "XR"}, {"하", "XSA"}, {"고", "EC"}}),
+            "NNG+XSD+EM");
+  EXPECT_EQ(MappedTagList({{"것", "NNB"}, {"이", "VCP"}, {"다", "EF"}}),
+            "NNB+VC+EM");
+  EXPECT_EQ(MappedTagList({{"아니", "VCN"}, {"ㄴ", "ETM"}}), "VA+ETM");
+  EXPECT_EQ(MappedTagList({{"하나", "NR"}}), "NU");
+  EXPECT_EQ(MappedTagList({{"다시", "MAG"}}), "MA");
+  // Punctuation is SC, Latin and Hanja FL, numbers SN.
+  EXPECT_EQ(MappedTagList({{"3", "SN"}, {"개", "NNB"}, {".", "SF"}}), "SN+NNB+SC");
+  EXPECT_EQ(MappedTagList({{"abc", "SL"}}), "FL");
+  // A josa after something else starts a new morpheme.
+  EXPECT_EQ(MappedTagList({{"나", "NP"}, {"도", "JX"}, {"가", "VV"},
+                           {"아", "EC"}, {"요", "JX"}}),
+            "NP+J_+VV+EM+J_");
+  // A tag outside the Sejong set leaves the list empty.
+  EXPECT_EQ(MappedTagList({{"가", "nc"}}), "");
+}
+
+}  // namespace
+}  // namespace Quorel
