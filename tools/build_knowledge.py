@@ -5,9 +5,14 @@ Checks every line of the UTF-8 sources in knowledge-src/, adds the word lists
 that tools/import_hunspell_ko.py makes from the Korean Hunspell dictionary
 (when it is installed), and writes the CP949 source dictionaries under their
 fixed names, preanal.sys.dic and the folder sinfo/ to the output directory.
-With --compiler (the qrl_compile tool) it also writes the compiled qrl.klg.
+With --train it learns the statistical knowledge (the compound-noun
+frequencies and the tagger's sinfo/ frequency files) from Sejong-tagged
+CoNLL-U treebanks with the qrl_train tool; without it the knowledge has none
+of these files and tagging mode 1 decides by its rules alone. With
+--compiler (the qrl_compile tool) it also writes the compiled qrl.klg.
 
 Usage: build_knowledge.py [--src DIR] [--out DIR] [--compiler PATH]
+                          [--train FILE.conllu [--trainer PATH]]...
                           [--hunspell-dic FILE --hunspell-aff FILE | --no-hunspell]
 Exit status 0, or 1 when a source line is malformed (each one is listed).
 """
@@ -44,6 +49,11 @@ LIST_FILES = ['xp.dic', 'xsn.dic', 'xsnxsn.dic', 'conj.dic']
 PREANALYSIS = 'preanal.sys.dic'
 
 HANGUL_WORD = re.compile('^@*[가-힣ㄱ-ㅎ]+$')
+# A main-file line "!word" takes the word out of that file, whichever list
+# brought it in: a rare reading that would outrank the common one (되 as a
+# noun of measure beside the verb, 과 as a noun beside the josa).
+REMOVE = '!'
+
 
 
 def is_comment(line, main_family):
@@ -85,6 +95,9 @@ def check_ending(line, is_josa):
 
 
 def check_main(line, name):
+    if line.startswith(REMOVE):
+        word = line[len(REMOVE):].strip()
+        return None if re.fullmatch('[가-힣]+', word) else 'a word to remove: !word'
     parts = re.split('[\t ]', line, maxsplit=1)
     word = parts[0].strip()
     text = parts[1].strip() if len(parts) > 1 else ''
@@ -156,13 +169,23 @@ def write_cp949(path, lines):
     return lost
 
 
+def entry_word(line):
+    """The word of a main-file line, without its @ marks."""
+    return re.split('[\t ]', line, maxsplit=1)[0].lstrip('@')
+
+
 def merged(imported, own):
-    """Imported lines first, so that a word of our own has the last word."""
+    """Imported lines first, so that a word of our own has the last word;
+    the words of our "!word" lines are left out of both."""
+    removed = {line[len(REMOVE):].strip() for line in own if line.startswith(REMOVE)}
     seen, out = set(), []
     for line in imported + own:
-        if line not in seen:
-            seen.add(line)
-            out.append(line)
+        if line.startswith(REMOVE) or line in seen:
+            continue
+        if removed and entry_word(line) in removed:
+            continue
+        seen.add(line)
+        out.append(line)
     return out
 
 
@@ -207,8 +230,41 @@ def split_derived(stems, nouns):
     return kept, roots
 
 
-def build(src, out, imported_dir=None, compiler=None, log=sys.stderr):
-    """Builds `out` from `src`; returns the number of malformed lines."""
+# What qrl_train writes; a build without a corpus leaves none of them.
+TRAINED_FILES = ['divInfo_freq_sorted.txt', 'posInfo_freq_sorted.txt',
+                 'sinfo/tag_list.txt', 'sinfo/word_list.txt',
+                 'sinfo/taglist.klg', 'sinfo/wordlist.klg']
+
+
+def train(out, corpora, trainer, log):
+    """Learns the statistical knowledge of `out` from the treebanks with the
+    qrl_train tool; returns the number of failures (0 or 1). The files of an
+    earlier training go first; so does a qrl.klg when training, so that the
+    training analyses with the source dictionaries just written."""
+    for name in TRAINED_FILES + (['qrl.klg'] if corpora else []):
+        path = os.path.join(out, name)
+        if os.path.exists(path):
+            os.remove(path)
+    if not corpora:
+        return 0
+    if not trainer or not os.path.exists(trainer):
+        print('build_knowledge: no qrl_train tool at %s' % trainer, file=log)
+        return 1
+    result = subprocess.run([trainer, '-k', out] + corpora,
+                            stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                            universal_newlines=True)
+    log.write(result.stdout)
+    if result.returncode != 0:
+        log.write(result.stderr)
+        print('build_knowledge: %s failed' % trainer, file=log)
+        return 1
+    return 0
+
+
+def build(src, out, imported_dir=None, compiler=None, log=sys.stderr,
+          corpora=(), trainer=None):
+    """Builds `out` from `src`, trained on `corpora` when there are any;
+    returns the number of malformed lines and failed steps."""
     os.makedirs(os.path.join(out, 'sinfo'), exist_ok=True)
     bad = 0
     sources = {}
@@ -225,7 +281,7 @@ def build(src, out, imported_dir=None, compiler=None, log=sys.stderr):
         if extra and os.path.exists(extra):
             imported, _ = read_source(extra, name)
         sources[name] = merged(imported, own)
-    nouns = {line.split('\t')[0].lstrip('@') for line in sources['nng.dic']}
+    nouns = {entry_word(line) for line in sources['nng.dic']}
     for name in PREDICATE_FILES:
         sources[name], roots = split_derived(sources[name], nouns)
         sources['nng.dic'] = merged(sources['nng.dic'], roots)
@@ -237,6 +293,8 @@ def build(src, out, imported_dir=None, compiler=None, log=sys.stderr):
         if lost:
             print('%s: %d lines have characters outside CP949, left out'
                   % (name, len(lost)), file=log)
+    if bad == 0:
+        bad += train(out, list(corpora), trainer, log)
     if compiler and bad == 0:
         result = subprocess.run([compiler, out], stderr=subprocess.PIPE,
                                 universal_newlines=True)
@@ -254,6 +312,12 @@ def main(argv):
     parser.add_argument('--src', default=os.path.join(root, 'knowledge-src'))
     parser.add_argument('--out', default=os.path.join(root, 'build', 'knowledge'))
     parser.add_argument('--compiler', help='the qrl_compile tool')
+    parser.add_argument('--train', action='append', default=[],
+                        metavar='FILE.conllu',
+                        help='a Sejong-tagged treebank to learn the statistical '
+                             'knowledge from; repeatable')
+    parser.add_argument('--trainer', help='the qrl_train tool (default: beside '
+                                          'the compiler)')
     parser.add_argument('--hunspell-dic', default='/usr/share/hunspell/ko_KR.dic')
     parser.add_argument('--hunspell-aff', default='/usr/share/hunspell/ko_KR.aff')
     parser.add_argument('--no-hunspell', action='store_true')
@@ -272,9 +336,14 @@ def main(argv):
         else:
             print('build_knowledge: no Hunspell dictionary at %s; building the '
                   'core vocabulary only' % args.hunspell_dic, file=sys.stderr)
-        bad = build(args.src, args.out, imported_dir, args.compiler)
+        trainer = args.trainer
+        if not trainer and args.compiler:
+            trainer = os.path.join(os.path.dirname(args.compiler), 'qrl_train')
+        bad = build(args.src, args.out, imported_dir, args.compiler,
+                    corpora=args.train, trainer=trainer)
     if bad:
-        print('build_knowledge: %d malformed lines' % bad, file=sys.stderr)
+        print('build_knowledge: %d malformed lines or failed steps' % bad,
+              file=sys.stderr)
         return 1
     print('build_knowledge: wrote %s' % args.out)
     return 0

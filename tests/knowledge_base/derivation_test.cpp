@@ -50,6 +50,41 @@ TEST(DerivedPredicates, NounPlusSuffixIsStoredAsTheNoun) {
             (std::set<std::string>{"공부", "사용", "자연", "말", "깨끗"}));
 }
 
+TEST(RemovedWords, ABangLineTakesAWordOutOfEveryListOfItsFile) {
+  // The Hunspell sample brings 가깝 as an adjective; "!가깝" in our own
+  // va.dic leaves it out, with or without its irregular class.
+  std::string src = kbtest::FreshDir("removed_src");
+  {
+    std::ofstream(src + "/va.dic") << "기쁘\n!가깝\n";
+    std::ofstream(src + "/nng.dic") << "@학교\n!학교\n사람\n";
+  }
+  std::string data = std::string(QRLSL_TEST_DATA_DIR) + "/knowledge_base";
+  std::string out = kbtest::FreshDir("removed_out");
+  std::string errors;
+  ASSERT_EQ(kbtest::Run(std::string("python3 ") + QRLSL_SOURCE_DIR +
+                            "/tools/build_knowledge.py --src " + src + " --out " + out +
+                            " --hunspell-dic " + data + "/sample.dic --hunspell-aff " +
+                            data + "/sample.aff",
+                        &errors),
+            0)
+      << errors;
+  std::set<std::string> va = Lines(out + "/va.dic");
+  EXPECT_EQ(va.count("가깝\tㅂ"), 0u);
+  EXPECT_EQ(va.count("기쁘"), 1u);
+  std::set<std::string> nng = Lines(out + "/nng.dic");
+  EXPECT_EQ(nng.count("@학교"), 0u);
+  EXPECT_EQ(nng.count("사람"), 1u);
+  for (const std::string& line : nng) EXPECT_NE(line[0], '!') << line;
+
+  std::ofstream(src + "/va.dic") << "!가깝\n!\n";  // a bang without its word
+  EXPECT_EQ(kbtest::Run(std::string("python3 ") + QRLSL_SOURCE_DIR +
+                            "/tools/build_knowledge.py --no-hunspell --src " + src +
+                            " --out " + kbtest::FreshDir("removed_bad"),
+                        &errors),
+            1);
+  EXPECT_NE(errors.find("va.dic:2: a word to remove"), std::string::npos) << errors;
+}
+
 class CoreAnalysis : public testing::Test {
  protected:
   static void SetUpTestSuite() {
