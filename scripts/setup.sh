@@ -3,18 +3,33 @@
 # the library and the command-line tool, builds the knowledge base
 # (<build>/knowledge/ from knowledge-src/ and the Korean Hunspell dictionary,
 # with its compiled qrl.klg, which qrl finds beside its executable), and
-# analyses a Korean sample text.
-# Usage: scripts/setup.sh [build-dir]   (default: build)
+# analyses a Korean sample text. With --train, the statistical knowledge
+# (compound-noun frequencies and the frequency model of tagging mode 1) is
+# learnt from a CoNLL-U treebank with Sejong tags; without it the knowledge
+# has none, and mode 1 decides by its rules alone.
+# Usage: scripts/setup.sh [--train FILE.conllu]... [build-dir]   (default: build)
 set -euo pipefail
 cd "$(dirname "$0")/.."
 root=$(pwd)
-build=${1:-$root/build}
+build=$root/build
+train=()
+while [ $# -gt 0 ]; do
+  case "$1" in
+    --train)
+      [ $# -ge 2 ] || { echo "setup: --train needs a file" >&2; exit 2; }
+      [ -f "$2" ] || { echo "setup: no treebank at $2" >&2; exit 2; }
+      train+=(--train "$(cd "$(dirname "$2")" && pwd)/$(basename "$2")")
+      shift 2 ;;
+    *) build=$1; shift ;;
+  esac
+done
 
 scripts/install-deps.sh
 cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=Release -DQRLSL_BUILD_TESTS=OFF >/dev/null
 cmake --build "$build" -j"$(nproc)"
 
-python3 tools/build_knowledge.py --out "$build/knowledge" --compiler "$build/qrl_compile" >&2
+python3 tools/build_knowledge.py --out "$build/knowledge" --compiler "$build/qrl_compile" \
+  ${train[@]+"${train[@]}"} >&2
 
 echo "Built: $build/libqrlsl.so, $build/libqrlsl.a, $build/qrl and $build/knowledge/qrl.klg" >&2
 printf '%s\n' "나는 학교에 갔다. 하늘이 맑다!" | "$build/qrl" -f tsv

@@ -2,13 +2,16 @@
 // holds the gold morphemes joined by "+" and XPOS their tags (Sejong tags,
 // or the KAIST tags when they are in lower case).
 //
-//   qrl_eval [-k DIR] [-e N] [-s] FILE.conllu...
+//   qrl_eval [-k DIR] [-e N] [-s] [-r] [-t MODE] [-x DIR] [-o N=V]... [-d FILE]
+//            FILE.conllu...
 //
-// Each sentence is analysed with RunWithString and tagged with Tagging(0);
+// Each sentence is analysed with RunWithString and tagged (mode 0 unless -t);
 // the best candidate of each eojul is compared with the gold analysis as
 // morphemes of (form, coarse tag). Reports morpheme precision, recall and F1
 // (multisets per sentence), segmentation F1 (forms alone), eojul accuracy
 // and the most frequent error kinds. -s prints one summary line only.
+// Endings are compared with their 아/어 allomorphs folded into one spelling
+// (see FoldAllomorph); -r compares them as written.
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -24,21 +27,13 @@
 
 #include "knowledge/dictionary.h"
 #include "qrlsl/qrlsl.h"
-#include "text/charset.h"
-#include "trie/lookup_records.h"
+#include "tools/eval_compare.h"
+#include "tools/treebank.h"
 
 namespace {
 
-struct Morpheme {
-  std::string form;  // UTF-8
-  std::string tag;   // coarse tag
-  bool operator<(const Morpheme& o) const {
-    return form != o.form ? form < o.form : tag < o.tag;
-  }
-  bool operator==(const Morpheme& o) const {
-    return form == o.form && tag == o.tag;
-  }
-};
+using Quorel::evaluation::FoldAllomorphs;
+using Quorel::treebank::Morpheme;
 
 // One space-delimited eojul of a sentence (one or more treebank tokens).
 struct GoldEojul {
@@ -48,125 +43,6 @@ struct GoldEojul {
   std::string rawSystem;  // the system's analysis as form/TAG+..., for errors
   bool usable = true;     // false when its gold lemmas and tags don't pair up
 };
-
-std::string Convert(const std::string& text, const char* from, const char* to) {
-  Quorel::WideChar* wide = Quorel::ToWide(text.c_str(), from);
-  char* bytes = Quorel::FromWide(wide, to);
-  std::string result = bytes == nullptr ? "" : bytes;
-  Quorel::FreeBytes(bytes);
-  Quorel::FreeWide(wide);
-  return result;
-}
-
-std::vector<std::string> Split(const std::string& text, char separator) {
-  std::vector<std::string> parts;
-  std::string part;
-  std::istringstream in(text);
-  while (std::getline(in, part, separator)) parts.push_back(part);
-  if (!text.empty() && text.back() == separator) parts.push_back("");
-  return parts;
-}
-
-// Coarse classes shared by the Sejong tags, the KAIST tags and this
-// analyzer's tags; the table is documented in knowledge-src/README.md.
-std::string CoarseSejong(const std::string& tag) {
-  static const std::map<std::string, std::string> table = {
-      {"NNG", "N"},   {"NNP", "N"},   {"NNB", "N"},   {"NR", "N"},
-      {"NP", "N"},    {"NF", "N"},    {"NV", "N"},    {"NA", "N"},
-      {"XR", "N"},    {"VV", "VV"},   {"VA", "VA"},   {"VX", "VX"},
-      {"VCP", "VC"},  {"VCN", "VA"},  {"MM", "MM"},   {"MAG", "MA"},
-      {"MAJ", "MA"},  {"IC", "IC"},   {"JKS", "J"},   {"JKC", "J"},
-      {"JKG", "J"},   {"JKO", "J"},   {"JKB", "J"},   {"JKV", "J"},
-      {"JKQ", "J"},   {"JX", "J"},    {"JC", "J"},    {"EP", "EP"},
-      {"EF", "EM"},   {"EC", "EM"},   {"ETN", "ETN"}, {"ETM", "ETM"},
-      {"XPN", "XP"},  {"XSN", "XSN"}, {"XSV", "XS"},  {"XSA", "XS"},
-      {"SF", "SC"},   {"SP", "SC"},   {"SS", "SC"},   {"SE", "SC"},
-      {"SO", "SC"},   {"SW", "SC"},   {"SN", "SN"},   {"SL", "FL"},
-      {"SH", "FL"}};
-  auto it = table.find(tag);
-  return it == table.end() ? "?" + tag : it->second;
-}
-
-std::string CoarseKaist(const std::string& tag) {
-  auto starts = [&](const char* prefix) {
-    return tag.compare(0, std::strlen(prefix), prefix) == 0;
-  };
-  if (tag == "jp") return "VC";
-  if (tag == "px") return "VX";
-  if (tag == "ep") return "EP";
-  if (tag == "etm") return "ETM";
-  if (tag == "etn") return "ETN";
-  if (tag == "ii") return "IC";
-  if (tag == "f" || tag == "sl" || tag == "sh") return "FL";
-  if (tag == "nnc" || tag == "nno" || tag == "sn") return starts("s") ? "SN" : "N";
-  if (starts("n")) return "N";
-  if (starts("pv")) return "VV";
-  if (starts("pa")) return "VA";
-  if (starts("mm")) return "MM";
-  if (starts("ma")) return "MA";
-  if (starts("j")) return "J";
-  if (starts("e")) return "EM";
-  if (starts("xp")) return "XP";
-  if (starts("xsn")) return "XSN";
-  if (starts("xs")) return "XS";
-  if (starts("s")) return "SC";
-  return "?" + tag;
-}
-
-std::string CoarseSystem(const std::string& tag) {
-  static const std::map<std::string, std::string> table = {
-      {"N_", "N"},    {"NNG", "N"},   {"NNB", "N"},   {"NNP", "N"},
-      {"NNU", "N"},   {"NNR", "N"},   {"NP", "N"},    {"NU", "N"},
-      {"NNI", "N"},   {"NNC", "N"},   {"NFG", "N"},   {"NFU", "N"},
-      {"VV", "VV"},   {"V_", "VV"},   {"VA", "VA"},   {"VX", "VX"},
-      {"VC", "VC"},   {"MM", "MM"},   {"MA", "MA"},   {"MAG", "MA"},
-      {"MAJ", "MA"},  {"IC", "IC"},   {"J_", "J"},    {"JK", "J"},
-      {"JKG", "J"},   {"JX", "J"},    {"JC", "J"},    {"EP", "EP"},
-      {"EM", "EM"},   {"EC", "EM"},   {"EF", "EM"},   {"E_", "EM"},
-      {"ETN", "ETN"}, {"ETM", "ETM"}, {"XP", "XP"},   {"XSN", "XSN"},
-      {"XSD", "XS"},  {"XSA", "XS"},  {"XSV", "XS"},  {"SC", "SC"},
-      {"SN", "SN"},   {"SNC", "SN"},  {"SND", "SN"},  {"FL", "FL"},
-      {"UW", "UW"}};
-  auto it = table.find(tag);
-  return it == table.end() ? "?" + tag : it->second;
-}
-
-// Gold morphemes of one token; false when lemmas and tags don't pair up.
-bool GoldOfToken(const std::string& lemma, const std::string& xpos,
-                 std::vector<Morpheme>& out) {
-  std::vector<std::string> tags = Split(xpos, '+');
-  std::vector<std::string> forms =
-      tags.size() == 1 ? std::vector<std::string>{lemma} : Split(lemma, '+');
-  if (forms.size() != tags.size()) return false;
-  bool kaist = !tags.empty() && !tags[0].empty() &&
-               std::islower(static_cast<unsigned char>(tags[0][0]));
-  for (size_t i = 0; i < tags.size(); ++i) {
-    if (forms[i].empty()) return false;
-    out.push_back({forms[i], kaist ? CoarseKaist(tags[i]) : CoarseSejong(tags[i])});
-  }
-  return true;
-}
-
-// Splits a josa the analyzer returns glued (에서도: the chain 에서 + 도) into
-// the josa keys it is made of, longest key first; unchanged when it is not
-// such a chain.
-std::vector<std::string> JosaParts(const Quorel::Dictionary& dic,
-                                   const std::string& cp949) {
-  std::vector<std::string> parts;
-  size_t pos = 0;
-  while (pos < cp949.size()) {
-    Quorel::SearchJEInfo sjei;
-    int length = dic.SearchJE(cp949.c_str() + pos, sjei,
-                              static_cast<int32_t>(cp949.size() - pos));
-    Quorel::jeInfo josa;
-    if (length <= 0 || dic.GetJEInfo(josa, sjei, 0).text == nullptr) {
-      return {cp949};
-    }
-    parts.push_back(cp949.substr(pos, length));
-    pos += length;
-  }
-  return parts;
-}
 
 struct Totals {
   long goldMorphemes = 0, systemMorphemes = 0, matched = 0;
@@ -221,12 +97,19 @@ std::string Render(const std::vector<Morpheme>& v) {
   return out;
 }
 
-void Score(std::vector<GoldEojul>& eojuls, Totals& t) {
+// Adds one sentence to `t`; with `fold` the ending allomorphs are folded
+// on both sides first. Wrong eojuls go to `dump` when it is open.
+void Score(const std::vector<GoldEojul>& eojuls, bool fold, Totals& t,
+           std::ostream* dump) {
   std::vector<Morpheme> gold, system;
-  for (GoldEojul& e : eojuls) {
+  for (GoldEojul e : eojuls) {
     if (!e.usable) {
       ++t.skippedEojuls;
       continue;
+    }
+    if (fold) {
+      FoldAllomorphs(e.gold);
+      FoldAllomorphs(e.system);
     }
     gold.insert(gold.end(), e.gold.begin(), e.gold.end());
     system.insert(system.end(), e.system.begin(), e.system.end());
@@ -240,6 +123,10 @@ void Score(std::vector<GoldEojul>& eojuls, Totals& t) {
       t.examples[kind] = e.surface + "  gold " + Render(e.gold) + "  system " +
                          e.rawSystem;
     }
+    if (dump != nullptr) {
+      *dump << kind << '\t' << e.surface << '\t' << Render(e.gold) << '\t'
+            << e.rawSystem << '\n';
+    }
   }
   t.goldMorphemes += static_cast<long>(gold.size());
   t.systemMorphemes += static_cast<long>(system.size());
@@ -252,33 +139,22 @@ void Score(std::vector<GoldEojul>& eojuls, Totals& t) {
 
 class Evaluator {
  public:
-  Evaluator(Quorel::Dictionary& dic, Quorel::QR_Analyzer& analyzer)
-      : dic_(dic), analyzer_(analyzer) {}
+  Evaluator(Quorel::Dictionary& dic, Quorel::QR_Analyzer& analyzer, int mode)
+      : dic_(dic), analyzer_(analyzer), mode_(mode) {}
 
-  // Analyses one sentence's eojuls and fills their system morphemes.
-  void Analyse(std::vector<GoldEojul>& eojuls) {
-    std::string text;
-    std::vector<std::pair<size_t, size_t>> spans;  // CP949 byte ranges
-    for (GoldEojul& e : eojuls) {
-      std::string cp949 = Convert(e.surface, "utf-8", "cp949");
-      if (cp949.empty() || Convert(cp949, "cp949", "utf-8") != e.surface) {
-        e.usable = false;  // characters CP949 can't hold
-        spans.emplace_back(std::string::npos, std::string::npos);
-        continue;
-      }
-      if (!text.empty()) text += ' ';
-      spans.emplace_back(text.size(), text.size() + cp949.size());
-      text += cp949;
-    }
-    if (text.empty()) return;
-    analyzer_.RunWithString(text.c_str());
-    analyzer_.Tagging(0);
+  // Analyses one sentence and fills the system morphemes of its eojuls.
+  void Analyse(const Quorel::treebank::SentenceText& text,
+               std::vector<GoldEojul>& eojuls) {
+    if (text.text.empty()) return;
+    analyzer_.RunWithString(text.text.c_str());
+    analyzer_.Tagging(mode_);
     int count = analyzer_.GetEojulCountInSentence();
     for (int i = 0; i < count; ++i) {
       size_t offset = static_cast<size_t>(analyzer_.GetEojulOffsetInSentence(i));
       for (size_t k = 0; k < eojuls.size(); ++k) {
-        if (spans[k].first != std::string::npos && offset >= spans[k].first &&
-            offset < spans[k].second) {
+        const auto& span = text.eojulSpans[k];
+        if (span.first != Quorel::treebank::kNoSpan && offset >= span.first &&
+            offset < span.second) {
           Append(*analyzer_.GetEojulInSentence(i), eojuls[k]);
           break;
         }
@@ -290,54 +166,33 @@ class Evaluator {
   void Append(Quorel::QR_Eojul& e, GoldEojul& target) {
     int best = e.BestCandidate();
     if (best < 0 || best >= e.GetListSize()) best = e.GetListSize() > 0 ? 0 : -1;
-    for (int m = 0; best >= 0 && m < e.GetCount(best); ++m) {
-      std::string lexicon = e.GetLexicon(best, m) ? e.GetLexicon(best, m) : "";
-      std::string tag = e.GetStrPOS(best, m) ? e.GetStrPOS(best, m) : "";
-      std::string coarse = CoarseSystem(tag);
-      if (!target.rawSystem.empty()) target.rawSystem += "+";
-      target.rawSystem += Convert(lexicon, "cp949", "utf-8") + "/" + tag;
-      std::vector<std::string> parts =
-          coarse == "J" ? JosaParts(dic_, lexicon) : std::vector<std::string>{lexicon};
-      for (const std::string& part : parts) {
-        target.system.push_back({Convert(part, "cp949", "utf-8"), coarse});
-      }
-    }
+    if (best < 0) return;
+    std::vector<Morpheme> morphemes =
+        Quorel::treebank::CandidateMorphemes(dic_, e, best, &target.rawSystem);
+    target.system.insert(target.system.end(), morphemes.begin(), morphemes.end());
   }
 
   Quorel::Dictionary& dic_;
   Quorel::QR_Analyzer& analyzer_;
+  int mode_;
 };
 
-// Reads sentences of a CoNLL-U file and hands each to `sentence`.
-template <typename F>
-bool ReadConllu(const std::string& path, F sentence) {
-  std::ifstream in(path);
-  if (!in) return false;
-  std::vector<GoldEojul> eojuls;
-  bool open = false;  // the last token had SpaceAfter=No
-  std::string line;
-  while (std::getline(in, line)) {
-    if (!line.empty() && line.back() == '\r') line.pop_back();
-    if (line.empty()) {
-      if (!eojuls.empty()) sentence(eojuls);
-      eojuls.clear();
-      open = false;
-      continue;
-    }
-    if (line[0] == '#') continue;
-    std::vector<std::string> f = Split(line, '\t');
-    if (f.size() < 10 || f[0].find_first_of("-.") != std::string::npos) continue;
-    if (!open || eojuls.empty()) eojuls.emplace_back();
-    GoldEojul& e = eojuls.back();
-    e.surface += f[1];
-    if (!GoldOfToken(f[2], f[4], e.gold)) e.usable = false;
-    open = f[9].find("SpaceAfter=No") != std::string::npos;
+// The space-delimited eojuls of a sentence with their gold morphemes; an
+// eojul that CP949 can't hold or whose lemmas and tags don't pair up is
+// marked unusable.
+std::vector<GoldEojul> GoldEojuls(const std::vector<Quorel::treebank::Token>& tokens,
+                                  const Quorel::treebank::SentenceText& text) {
+  std::vector<GoldEojul> eojuls(text.eojulSpans.size());
+  for (size_t t = 0; t < tokens.size(); ++t) {
+    GoldEojul& e = eojuls[text.eojulOfToken[t]];
+    e.surface += tokens[t].surface;
+    if (!Quorel::treebank::GoldOfToken(tokens[t], e.gold)) e.usable = false;
+    if (text.tokenSpans[t].first == Quorel::treebank::kNoSpan) e.usable = false;
   }
-  if (!eojuls.empty()) sentence(eojuls);
-  return true;
+  return eojuls;
 }
 
-void Report(const Totals& t, int errorLines, bool summaryOnly) {
+void Summary(const char* label, const Totals& t) {
   auto ratio = [](long a, long b) { return b > 0 ? double(a) / double(b) : 0.0; };
   double p = ratio(t.matched, t.systemMorphemes);
   double r = ratio(t.matched, t.goldMorphemes);
@@ -346,10 +201,18 @@ void Report(const Totals& t, int errorLines, bool summaryOnly) {
   double sr = ratio(t.matchedForms, t.goldForms);
   double sf1 = sp + sr > 0 ? 2 * sp * sr / (sp + sr) : 0.0;
   double acc = ratio(t.correctEojuls, t.eojuls);
-  std::printf("morpheme_f1=%.4f precision=%.4f recall=%.4f segmentation_f1=%.4f "
+  std::printf("%smorpheme_f1=%.4f precision=%.4f recall=%.4f segmentation_f1=%.4f "
               "eojul_accuracy=%.4f sentences=%ld eojuls=%ld skipped=%ld\n",
-              f1, p, r, sf1, acc, t.sentences, t.eojuls, t.skippedEojuls);
+              label, f1, p, r, sf1, acc, t.sentences, t.eojuls, t.skippedEojuls);
+}
+
+// The headline figures, then (unless summaryOnly) the figures of the other
+// way of comparing endings and the error kinds of the headline.
+void Report(const Totals& t, const Totals& other, bool folded, int errorLines,
+            bool summaryOnly) {
+  Summary("", t);
   if (summaryOnly) return;
+  Summary(folded ? "endings as written: " : "endings folded: ", other);
   std::vector<std::pair<long, std::string>> kinds;
   for (const auto& k : t.errorKinds) kinds.emplace_back(k.second, k.first);
   std::sort(kinds.rbegin(), kinds.rend());
@@ -362,10 +225,17 @@ void Report(const Totals& t, int errorLines, bool summaryOnly) {
 }
 
 int Usage() {
-  std::fputs("usage: qrl_eval [-k DIR] [-e N] [-s] FILE.conllu...\n"
-             "  -k DIR  knowledge directory (default: knowledge)\n"
-             "  -e N    error kinds to list (default 20)\n"
-             "  -s      one summary line only\n",
+  std::fputs("usage: qrl_eval [options] FILE.conllu...\n"
+             "  -k DIR   knowledge directory (default: knowledge)\n"
+             "  -e N     error kinds to list (default 20)\n"
+             "  -s       one summary line only\n"
+             "  -r       compare endings as written (no allomorph folding)\n"
+             "  -t MODE  tagging mode, 0 or 1 (default 0); mode 1 loads the tagger\n"
+             "           knowledge of DIR/sinfo\n"
+             "  -x DIR   take the tagger knowledge of mode 1 from DIR/sinfo\n"
+             "  -o N=V   analyzer option N set to V; repeatable\n"
+             "  -d FILE  write each wrong eojul to FILE: kind, surface, gold,\n"
+             "           system, TAB-separated\n",
              stderr);
   return 2;
 }
@@ -374,17 +244,37 @@ int Usage() {
 
 int main(int argc, char** argv) {
   std::string knowledgeDir = "knowledge";
+  std::string taggerDir;  // sinfo/ of mode 1; the knowledge directory's by default
+  std::string dumpPath;
   int errorLines = 20;
+  int mode = 0;
   bool summaryOnly = false;
+  bool fold = true;
+  std::vector<std::pair<int, int>> options;
   std::vector<std::string> files;
   for (int i = 1; i < argc; ++i) {
     std::string arg = argv[i];
-    if (arg == "-k" && i + 1 < argc) {
+    bool hasValue = i + 1 < argc;
+    if (arg == "-k" && hasValue) {
       knowledgeDir = argv[++i];
-    } else if (arg == "-e" && i + 1 < argc) {
+    } else if (arg == "-e" && hasValue) {
       errorLines = std::atoi(argv[++i]);
+    } else if (arg == "-t" && hasValue) {
+      mode = std::atoi(argv[++i]);
+    } else if (arg == "-x" && hasValue) {
+      taggerDir = argv[++i];
+    } else if (arg == "-d" && hasValue) {
+      dumpPath = argv[++i];
+    } else if (arg == "-o" && hasValue) {
+      std::string value = argv[++i];
+      size_t equals = value.find('=');
+      if (equals == std::string::npos) return Usage();
+      options.emplace_back(std::atoi(value.substr(0, equals).c_str()),
+                           std::atoi(value.substr(equals + 1).c_str()));
     } else if (arg == "-s") {
       summaryOnly = true;
+    } else if (arg == "-r") {
+      fold = false;
     } else if (arg == "-h" || arg == "--help" || arg[0] == '-') {
       return Usage();
     } else {
@@ -394,27 +284,36 @@ int main(int argc, char** argv) {
   if (files.empty()) return Usage();
 
   Quorel::Dictionary dic(false);
-  bool compiled = std::ifstream(knowledgeDir + "/qrl.klg").good();
-  if (dic.LoadKnowledge(knowledgeDir.c_str(), compiled, true) < 1) {
+  if (!Quorel::treebank::LoadKnowledgeDirectory(dic, knowledgeDir)) {
     std::fprintf(stderr, "qrl_eval: can't load the knowledge in %s\n",
                  knowledgeDir.c_str());
     return 1;
   }
-  if (!compiled) dic.LoadPreAnalysis(knowledgeDir.c_str(), "preanal.sys.dic", true);
+  if (mode == 1) {
+    Quorel::treebank::LoadTaggerKnowledge(
+        dic, taggerDir.empty() ? knowledgeDir : taggerDir);
+  }
   std::unique_ptr<Quorel::QR_Analyzer> analyzer(Quorel::CreateAnalyzer(&dic));
   analyzer->SetExOption(1);
-  Evaluator evaluator(dic, *analyzer);
-  Totals totals;
+  for (const auto& option : options) analyzer->SetOption(option.first, option.second);
+  std::ofstream dump;
+  if (!dumpPath.empty()) dump.open(dumpPath);
+  Evaluator evaluator(dic, *analyzer, mode);
+  Totals totals, other;
   for (const std::string& file : files) {
-    bool ok = ReadConllu(file, [&](std::vector<GoldEojul>& eojuls) {
-      evaluator.Analyse(eojuls);
-      Score(eojuls, totals);
+    bool ok = Quorel::treebank::ReadConllu(
+        file, [&](const std::vector<Quorel::treebank::Token>& tokens) {
+      Quorel::treebank::SentenceText text = Quorel::treebank::BuildText(tokens);
+      std::vector<GoldEojul> eojuls = GoldEojuls(tokens, text);
+      evaluator.Analyse(text, eojuls);
+      Score(eojuls, fold, totals, dump.is_open() ? &dump : nullptr);
+      Score(eojuls, !fold, other, nullptr);
     });
     if (!ok) {
       std::fprintf(stderr, "qrl_eval: can't read %s\n", file.c_str());
       return 1;
     }
   }
-  Report(totals, errorLines, summaryOnly);
+  Report(totals, other, fold, errorLines, summaryOnly);
   return 0;
 }

@@ -25,7 +25,7 @@
 namespace Quorel {
 namespace treebank {
 
-// One word line of a treebank (UTF-8).
+// One word line of a treebank (UTF-8); `lemma` holds the morphemes.
 struct Token {
   std::string surface;
   std::string lemma;
@@ -196,7 +196,13 @@ bool ReadConllu(const std::string& path, F sentence) {
     token.surface = f[1];
     token.lemma = f[2];
     token.xpos = f[4];
-    token.spaceAfter = f[9].find("SpaceAfter=No") == std::string::npos;
+    token.spaceAfter = true;
+    // Some treebanks keep only the stem in LEMMA and the whole morpheme
+    // sequence in OrigLemma.
+    for (const std::string& item : Split(f[9], '|')) {
+      if (item == "SpaceAfter=No") token.spaceAfter = false;
+      if (item.compare(0, 10, "OrigLemma=") == 0) token.lemma = item.substr(10);
+    }
     tokens.push_back(token);
   }
   if (!tokens.empty()) sentence(tokens);
