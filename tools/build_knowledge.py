@@ -209,6 +209,13 @@ def infinitive_like(syllable):
     return (code // 28) % 21 in EO_VOWELS
 
 
+# Files whose one-syllable words come from our own sources alone: the
+# imported lists hold hundreds of rare one-syllable nouns (정 "chisel", 필
+# "bolt of cloth") that the compound division would cut common words into
+# (정도로 read as 정 + 도로); the everyday ones are in the core vocabulary.
+OWN_SHORT_WORDS = ('nng.dic',)
+
+
 def split_derived(stems, nouns):
     """(stems to keep, roots to add as nouns) for the lines of a predicate
     file; a stem is the line's first field."""
@@ -280,6 +287,8 @@ def build(src, out, imported_dir=None, compiler=None, log=sys.stderr,
         extra = os.path.join(imported_dir, name) if imported_dir else None
         if extra and os.path.exists(extra):
             imported, _ = read_source(extra, name)
+        if name in OWN_SHORT_WORDS:
+            imported = [line for line in imported if len(entry_word(line)) > 1]
         sources[name] = merged(imported, own)
     nouns = {entry_word(line) for line in sources['nng.dic']}
     for name in PREDICATE_FILES:

@@ -56,7 +56,7 @@ TEST(RemovedWords, ABangLineTakesAWordOutOfEveryListOfItsFile) {
   std::string src = kbtest::FreshDir("removed_src");
   {
     std::ofstream(src + "/va.dic") << "기쁘\n!가깝\n";
-    std::ofstream(src + "/nng.dic") << "@학교\n!학교\n사람\n";
+    std::ofstream(src + "/nng.dic") << "@학교\n!학교\n사람\n물\n";
   }
   std::string data = std::string(QRLSL_TEST_DATA_DIR) + "/knowledge_base";
   std::string out = kbtest::FreshDir("removed_out");
@@ -74,6 +74,10 @@ TEST(RemovedWords, ABangLineTakesAWordOutOfEveryListOfItsFile) {
   std::set<std::string> nng = Lines(out + "/nng.dic");
   EXPECT_EQ(nng.count("@학교"), 0u);
   EXPECT_EQ(nng.count("사람"), 1u);
+  // One-syllable nouns come from our own list alone: the sample's 강 is
+  // left out, our 물 stays.
+  EXPECT_EQ(nng.count("강"), 0u);
+  EXPECT_EQ(nng.count("물"), 1u);
   for (const std::string& line : nng) EXPECT_NE(line[0], '!') << line;
 
   std::ofstream(src + "/va.dic") << "!가깝\n!\n";  // a bang without its word
