@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "knowledge/dictionary.h"
+#include "knowledge/image_checks.h"
 #include "knowledge/knowledge_io.h"
 
 namespace Quorel {
@@ -21,6 +22,18 @@ static_assert(sizeof kProduct == 7, "the product field is 7 bytes");
 
 const char kMainRecordError[] = "during main Trie writing, file error occurred.";
 const char kJeReadError[] = "during main Trie reading, file error occurred.";
+
+// Reports an image that can't be used safely; always false.
+bool Corrupt(const char* section, const char* fault) {
+  const std::string what = std::string(section) + ": " + fault + "..";
+  Report("Knowledge file is corrupted in the ", what.c_str());
+  return false;
+}
+
+// An index of a record or a text: -1 (none) or below `size`.
+bool NoneOrBelow(int64_t index, int64_t size) {
+  return index == -1 || (index >= 0 && index < size);
+}
 
 uint32_t Swap32(uint32_t v) {
   return (v >> 24) | ((v >> 8) & 0xFF00) | ((v << 8) & 0xFF0000) | (v << 24);
@@ -124,7 +137,10 @@ class ImageReader {
   }
   bool Count(int32_t& n, int64_t size) { return Int32(n) && Fits(n, size); }
 
-  bool Trie(QR_DaTrie& trie) {
+  // A trie image into `trie`. A count larger than the rest of the file is a
+  // file cut short and fails quietly; an image that would let a walk or an
+  // insert leave the arrays is reported under `name` and the trie cleared.
+  bool Trie(QR_DaTrie& trie, const char* name) {
     int32_t cells = 0;
     int32_t tailBytes = 0;
     int32_t emptyStart = 0;
@@ -133,13 +149,12 @@ class ImageReader {
         !Int32(emptyEnd)) {
       return false;
     }
+    if (cells < 1 || tailBytes < 1) {
+      return Corrupt(name, "its sizes are impossible");
+    }
     const int64_t cellBytes = cells > 1 ? 8LL * cells : 0;
     const int64_t tailPart = tailBytes > 1 ? tailBytes : 0;
-    if (cells < 0 || tailBytes < 0 || cellBytes + tailPart > remaining ||
-        emptyStart < 0 || emptyStart > cells || emptyEnd < 0 ||
-        emptyEnd > cells) {
-      return false;
-    }
+    if (cellBytes + tailPart > remaining) return false;
     trie.Create(cells, tailBytes, Dictionary::kTrieSize,
                 Dictionary::kTrieSize);
     if (cells > 1 && !Int32Array(trie.bc, 2 * static_cast<size_t>(cells))) {
@@ -152,28 +167,13 @@ class ImageReader {
     trie.tailPos = tailBytes - 1;
     trie.bcEmptyStart = emptyStart;
     trie.bcEmptyEnd = emptyEnd;
-    if (!CellsInBounds(trie, cells, tailBytes)) {
-      trie.Clear();
-      return false;
-    }
-    return true;
+    const char* fault = TrieImageFault(trie);
+    if (fault == nullptr) return true;
+    trie.Clear();
+    return Corrupt(name, fault);
   }
 
  private:
-  // Every walk from these cells stays inside the arrays: a parent's children
-  // lie within the cells plus their 256 spare ones, a leaf within the tail.
-  static bool CellsInBounds(const QR_DaTrie& trie, int32_t cells,
-                            int32_t tailBytes) {
-    for (int32_t i = 0; i < cells; ++i) {
-      const int32_t base = trie.bc[i].base;
-      if (base > cells || (base < 0 && -static_cast<int64_t>(base) >=
-                                           tailBytes)) {
-        return false;
-      }
-    }
-    return true;
-  }
-
   std::FILE* in;
   bool swapped;
   int64_t remaining;
@@ -264,13 +264,59 @@ bool WriteList(ImageWriter& w, const QR_DaTrie& trie, int32_t size) {
   return w.Trie(trie) && w.Int32(size);
 }
 
-bool ReadList(ImageReader& r, QR_DaTrie& trie) {
+bool ReadList(ImageReader& r, QR_DaTrie& trie, const char* name) {
   int32_t dropped = 0;  // the key count; the list needs only its trie
-  return r.Trie(trie) && r.Int32(dropped);
+  return r.Trie(trie, name) && r.Int32(dropped);
 }
 
+// Every record's texts lie in the main pool.
+bool MainRecordsSound(const Dictionary& d) {
+  const int64_t used = d.mainPool.used;
+  for (const MainTrieInfo& m : d.mainInfos) {
+    if (!NoneOrBelow(m.nnbInfo, used) || !NoneOrBelow(m.nnpInfo, used) ||
+        !NoneOrBelow(m.nnuInfo, used) || !NoneOrBelow(m.nuInfo, used)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+// Every record's readings are entries of the pool, and every entry's form
+// lies in the pool's text.
+bool JeRecordsSound(const Dictionary& d) {
+  const int64_t n = d.jePool.count;
+  for (const JosaEomiTrieInfo& j : d.jeInfos) {
+    for (int32_t index : {j.josaInfo, j.eomiInfo0, j.eomiInfo5, j.eomiInfo9,
+                          j.eomiInfo17, j.eomiInfo19}) {
+      if (!NoneOrBelow(index, n)) return false;
+    }
+  }
+  for (int32_t k = 0; k < d.jePool.count; ++k) {
+    if (d.jePool.offset[k] >= static_cast<uint32_t>(d.jePool.text.used)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+// The values of a trie's keys index an array of `size` entries; when they
+// don't, the trie is cleared so that no lookup meets them.
+bool ValuesSound(QR_DaTrie& trie, int64_t size, const char* section) {
+  const char* fault = TrieValueFault(trie, 0, size);
+  if (fault == nullptr) return true;
+  trie.Clear();
+  return Corrupt(section, fault);
+}
+
+const char kMainSection[] = "main dictionary";
+const char kJeSection[] = "josa/eomi dictionary";
+const char kDivSection[] = "divide information";
+const char kPosSection[] = "position information";
+const char kPreSection[] = "pre-analysis";
+
 // The header and the sections in file order; 0 at the first failure, with
-// what was read so far left in place.
+// what was read so far left in place (a trie or records that failed their
+// checks are emptied).
 int ReadSections(ImageReader& r, Dictionary& d, bool withPreAnalysis) {
   char banner[sizeof kBanner];
   char product[sizeof kProduct + 1] = {0};
@@ -282,12 +328,20 @@ int ReadSections(ImageReader& r, Dictionary& d, bool withPreAnalysis) {
   }
 
   int32_t count = 0;
-  if (!r.Trie(d.mainTrie) ||
+  if (!r.Trie(d.mainTrie, kMainSection) ||
       !ReadRecords(r, d.mainInfos, 24, ReadMainRecord, kMainRecordError) ||
       !ReadPool(r, d.mainPool)) {
     return 0;
   }
-  if (!r.Trie(d.jeTrie) ||
+  if (!MainRecordsSound(d)) {
+    d.mainInfos.clear();
+    d.mainTrie.Clear();
+    Corrupt(kMainSection, "a word's text lies outside the pool");
+    return 0;
+  }
+  if (!ValuesSound(d.mainTrie, static_cast<int64_t>(d.mainInfos.size()),
+                   kMainSection) ||
+      !r.Trie(d.jeTrie, kJeSection) ||
       !ReadRecords(r, d.jeInfos, 28, ReadJeRecord, kJeReadError)) {
     return 0;
   }
@@ -299,34 +353,48 @@ int ReadSections(ImageReader& r, Dictionary& d, bool withPreAnalysis) {
     return 0;
   }
   d.jePool.count = count;
+  if (!JeRecordsSound(d)) {
+    d.jeInfos.clear();
+    d.jeTrie.Clear();
+    d.jePool.Reset(0);
+    Corrupt(kJeSection, "a reading lies outside its pool");
+    return 0;
+  }
+  if (!ValuesSound(d.jeTrie, static_cast<int64_t>(d.jeInfos.size()),
+                   kJeSection)) {
+    return 0;
+  }
   // The pool now holds the file's copies of the jamo endings too; only these
   // new ones are referenced.
   d.jamoEomiInfos.clear();
   d.AddJamoEndings();
 
-  if (!r.Trie(d.divTrie) || !r.Count(count, 4)) return 0;
+  if (!r.Trie(d.divTrie, kDivSection) || !r.Count(count, 4)) return 0;
   delete[] d.divInfo;
   d.divInfo = new int32_t[count]();
   d.sizeDivInfo = 0;
   if (!r.Int32Array(d.divInfo, static_cast<size_t>(count))) return 0;
   d.sizeDivInfo = count;
+  if (!ValuesSound(d.divTrie, count, kDivSection)) return 0;
 
-  if (!r.Trie(d.posTrie) || !r.Count(count, 12)) return 0;
+  if (!r.Trie(d.posTrie, kPosSection) || !r.Count(count, 12)) return 0;
   delete[] d.posInfo;
   d.posInfo = new PosInfoRec[count]();
   d.sizePosInfo = 0;
   if (!r.Int32Array(d.posInfo, 3 * static_cast<size_t>(count))) return 0;
   d.sizePosInfo = count;
+  if (!ValuesSound(d.posTrie, count, kPosSection)) return 0;
 
-  if (!ReadList(r, d.xpTrie) || !ReadList(r, d.xsnTrie) ||
-      !ReadList(r, d.xsnxsnTrie) || !ReadList(r, d.conjTrie)) {
+  if (!ReadList(r, d.xpTrie, "XP list") || !ReadList(r, d.xsnTrie, "XSN list") ||
+      !ReadList(r, d.xsnxsnTrie, "XSNXSN list") ||
+      !ReadList(r, d.conjTrie, "CONJ list")) {
     return 0;
   }
   if (!withPreAnalysis) return 1;
-  if (!r.Trie(d.preAnalTrie) || !r.Count(count, 1)) return 0;
+  if (!r.Trie(d.preAnalTrie, kPreSection) || !r.Count(count, 1)) return 0;
   d.preAnalBuffer.assign(static_cast<size_t>(count), 0);
   if (!r.Bytes(d.preAnalBuffer.data(), static_cast<size_t>(count))) return 0;
-  return 1;
+  return ValuesSound(d.preAnalTrie, count, kPreSection) ? 1 : 0;
 }
 
 }  // namespace
