@@ -7,12 +7,20 @@
 # statistics, mode 1 with them; the trained mode 1 on the first half itself
 # is shown for comparison. Prints morpheme F1 and eojul accuracy of each and
 # whether mode 1 with statistics beats mode 0. Skips cleanly when the corpus
-# is absent; fails only when a build fails.
-# Usage: scripts/train_eval.sh [build-dir]   (default: build-train)
+# is absent; fails only when a build fails. --no-hunspell builds both
+# knowledge bases from the core vocabulary of knowledge-src/ alone.
+# Usage: scripts/train_eval.sh [--no-hunspell] [build-dir]   (default: build-train)
 set -euo pipefail
 cd "$(dirname "$0")/.."
 root=$(pwd)
-build=${1:-$root/build-train}
+build=$root/build-train
+vocabulary=()
+for arg in "$@"; do
+  case "$arg" in
+    --no-hunspell) vocabulary=(--no-hunspell) ;;
+    *) build=$arg ;;
+  esac
+done
 gsd=$root/../shared/corpus/ud-korean-gsd/ko_gsd-ud-dev.conllu
 
 if [ ! -f "$gsd" ]; then
@@ -40,7 +48,7 @@ build_kb() {  # build_kb OUT [--train FILE]
   local out=$1
   shift
   python3 tools/build_knowledge.py --out "$out" --compiler "$build/qrl_compile" \
-    --trainer "$build/qrl_train" "$@" 2>&1 | grep '^qrl_train' || true
+    --trainer "$build/qrl_train" ${vocabulary[@]+"${vocabulary[@]}"} "$@" 2>&1 | grep '^qrl_train' || true
   [ -f "$out/qrl.klg" ] || { echo "train_eval: the knowledge build failed"; exit 1; }
 }
 build_kb "$work/plain"
