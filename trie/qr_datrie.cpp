@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kSpareCells = 256;  // base + any code stays inside the array
 constexpr int kSpareTail = 128;
-constexpr unsigned char kEnd = ';';  // ends every key and every tail rest
+constexpr unsigned char kEnd = kTrieEnd;
 
 // Copies 4 value bytes, reversing them unless in machine order.
 void CopyValueBytes(unsigned char* to, const unsigned char* from,
@@ -65,13 +65,6 @@ void QR_DaTrie::Clear() {
   tailPos = 0;
 }
 
-int32_t QR_DaTrie::GetValue(const TrieNode& node) {
-  int32_t value;
-  CopyValueBytes(reinterpret_cast<unsigned char*>(&value), node.value,
-                 node.nativeOrder);
-  return value;
-}
-
 void QR_DaTrie::SetValue(TrieNode& node, int32_t value) {
   CopyValueBytes(node.value, reinterpret_cast<const unsigned char*>(&value),
                  node.nativeOrder);
@@ -116,37 +109,6 @@ int QR_DaTrie::Insert(const char* key, TrieNode& node) {
     s = t;
   }
   ResolveConflict(s, p - 1, node);
-  return 1;
-}
-
-int QR_DaTrie::Walk(unsigned char byte, TrieNode& node) const {
-  node.value = nullptr;
-  if (bc == nullptr) return 0;
-
-  if (node.state < 1) {
-    // Inside a tail rest: bytes are matched one by one.
-    unsigned char* p = tail - node.state;
-    if (*p != byte) return 0;
-    node.state -= 1;
-    if (p[1] == kEnd) node.value = p + 2;
-    return 1;
-  }
-
-  const int32_t t = CodeMap[byte] + bc[node.state].base;
-  if (t > bcPos || bc[t].check != node.state) return 0;
-  const int32_t base = bc[t].base;
-  if (base >= 0) {
-    node.state = t;
-    // A key that ends here has a terminator transition to a bare record.
-    const int32_t u = CodeMap[kEnd] + base;
-    if (bc[u].check == t && bc[u].check >= 1 && bc[u].base < 0) {
-      node.value = tail - bc[u].base;
-    }
-  } else {
-    node.state = base;
-    unsigned char* p = tail - base;
-    if (*p == kEnd) node.value = p + 1;
-  }
   return 1;
 }
 

@@ -13,8 +13,12 @@
 #define QRLSL_TRIE_QR_DATRIE_H_
 
 #include <cstdint>
+#include <cstring>
 
 namespace Quorel {
+
+// Ends every key and every tail rest.
+constexpr unsigned char kTrieEnd = ';';
 
 // One cell of the double array. In use: check > 0 is the parent state;
 // base > 0 the offset of the children, base < 0 a leaf whose key rest starts
@@ -60,10 +64,21 @@ class QR_DaTrie {
   int Insert(const char* key, TrieNode& node);
   // Advances `node` over one key byte. 1 if the transition exists, else 0.
   // Clears node.value first and sets it when a whole key has been walked.
-  int Walk(unsigned char byte, TrieNode& node) const;
+  // Inline: every lookup of the analyzer runs through this loop body.
+  inline int Walk(unsigned char byte, TrieNode& node) const;
 
   // The 32-bit value at node.value. REQUIRES: node.value not null.
-  static int32_t GetValue(const TrieNode& node);
+  static int32_t GetValue(const TrieNode& node) {
+    int32_t value;
+    if (node.nativeOrder != 0) {
+      std::memcpy(&value, node.value, sizeof value);
+    } else {
+      unsigned char bytes[4] = {node.value[3], node.value[2], node.value[1],
+                                node.value[0]};
+      std::memcpy(&value, bytes, sizeof value);
+    }
+    return value;
+  }
   static void SetValue(TrieNode& node, int32_t value);
 
   // The arrays and positions, exposed to the compiled-file reader and writer.
@@ -122,6 +137,37 @@ class QR_DaTrie {
   unsigned char listUsedIndex[256] = {};
   unsigned char pList[3] = {};
 };
+
+inline int QR_DaTrie::Walk(unsigned char byte, TrieNode& node) const {
+  node.value = nullptr;
+  if (bc == nullptr) return 0;
+
+  if (node.state < 1) {
+    // Inside a tail rest: bytes are matched one by one.
+    unsigned char* p = tail - node.state;
+    if (*p != byte) return 0;
+    node.state -= 1;
+    if (p[1] == kTrieEnd) node.value = p + 2;
+    return 1;
+  }
+
+  const int32_t t = CodeMap[byte] + bc[node.state].base;
+  if (t > bcPos || bc[t].check != node.state) return 0;
+  const int32_t base = bc[t].base;
+  if (base >= 0) {
+    node.state = t;
+    // A key that ends here has a terminator transition to a bare record.
+    const int32_t u = CodeMap[kTrieEnd] + base;
+    if (bc[u].check == t && bc[u].check >= 1 && bc[u].base < 0) {
+      node.value = tail - bc[u].base;
+    }
+  } else {
+    node.state = base;
+    unsigned char* p = tail - base;
+    if (*p == kTrieEnd) node.value = p + 1;
+  }
+  return 1;
+}
 
 }  // namespace Quorel
 
