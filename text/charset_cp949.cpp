@@ -1,6 +1,9 @@
 // CP949: ASCII, KS X 1001 in its EUC form, and the extension that completes
 // the Hangul syllables (first table: leads 0x81..0xA0; second: leads
 // 0xA1..0xFE with trails below 0xA1). EUC-KR shares this pair.
+// Every text of the library passes through this pair, so the answers of the
+// run tables are copied once into two direct tables (about 190 KB) at the
+// first conversion; the searches below only fill them.
 #include "text/charset_codecs.h"
 #include "text/charset_tables.h"
 
@@ -45,28 +48,87 @@ int32_t EncodeExtension(unsigned char* out, int32_t room, int32_t index,
   return StoreEncoded(out, room, bytes, 2);
 }
 
+// The double-byte code point of lead and trail by the run tables; -1 if none.
+int32_t SearchDecode(unsigned char lead, unsigned char trail) {
+  const unsigned char in[2] = {lead, trail};
+  uint32_t codePoint = 0;
+  int32_t consumed;
+  if (lead <= 0xA0) {
+    consumed = DecodeExtension(&codePoint, in, Cp949Ext1Decode, 0x81, kExt1Trails);
+  } else if (trail < 0xA1) {
+    consumed = DecodeExtension(&codePoint, in, Cp949Ext2Decode, 0xA1, kExt2Trails);
+  } else {
+    consumed = StoreDecoded(&codePoint, MapIndex(Ksx1001Decode, Index94(lead, trail)), 2);
+  }
+  return consumed == 2 ? static_cast<int32_t>(codePoint) : -1;
+}
+
+// The two bytes (lead first) of a code point from 0x80 by the run tables;
+// kNoMapping if none.
+int32_t SearchEncode(unsigned char* out, uint32_t codePoint) {
+  int32_t result = StoreIndex94(out, 2, MapCode(Ksx1001Encode, codePoint));
+  if (result != kNoMapping) return result;
+  if (codePoint < kFirstHangul || codePoint > kLastHangul) return kNoMapping;
+  if (codePoint < kFirstOfSecondTable) {
+    return EncodeExtension(out, 2, MapCode(Cp949Ext1Encode, codePoint), 0x81, kExt1Trails);
+  }
+  return EncodeExtension(out, 2, MapCode(Cp949Ext2Encode, codePoint), 0xA1, kExt2Trails);
+}
+
+constexpr uint32_t kFirstLead = 0x81;
+constexpr uint32_t kLeads = 0xFE - kFirstLead + 1;
+
+// The run tables' answers by direct index. 0 means no mapping: no
+// double-byte code decodes to U+0000, and no code point encodes to 00 00.
+struct DirectTables {
+  uint16_t decode[kLeads * 256];  // (lead - 0x81) * 256 + trail -> code point
+  uint16_t encode[0x10000];       // code point -> lead << 8 | trail
+
+  DirectTables() : decode(), encode() {
+    for (uint32_t lead = kFirstLead; lead <= 0xFE; ++lead) {
+      for (uint32_t trail = 0; trail < 256; ++trail) {
+        const int32_t codePoint = SearchDecode(static_cast<unsigned char>(lead),
+                                               static_cast<unsigned char>(trail));
+        if (codePoint > 0 && codePoint <= 0xFFFF) {
+          decode[(lead - kFirstLead) * 256 + trail] = static_cast<uint16_t>(codePoint);
+        }
+      }
+    }
+    for (uint32_t codePoint = 0x80; codePoint <= 0xFFFF; ++codePoint) {
+      unsigned char bytes[2];
+      if (SearchEncode(bytes, codePoint) == 2) {
+        encode[codePoint] = static_cast<uint16_t>(bytes[0] << 8 | bytes[1]);
+      }
+    }
+  }
+};
+
+// Built on first use; read-only afterwards, shared by every thread.
+const DirectTables& Direct() {
+  static const DirectTables tables;
+  return tables;
+}
+
 }  // namespace
 
 int32_t DecodeCp949(uint32_t* out, const unsigned char* in, int32_t available) {
   unsigned char lead = in[0];
   if (lead < 0x80) return DecodeAscii(out, in);
-  if (lead < 0x81 || lead > 0xFE) return kInvalidSequence;
+  if (lead < kFirstLead || lead > 0xFE) return kInvalidSequence;
   if (available < 2) return kTooFewBytes;
-  if (lead <= 0xA0) return DecodeExtension(out, in, Cp949Ext1Decode, 0x81, kExt1Trails);
-  if (in[1] < 0xA1) return DecodeExtension(out, in, Cp949Ext2Decode, 0xA1, kExt2Trails);
-  return StoreDecoded(out, MapIndex(Ksx1001Decode, Index94(lead, in[1])), 2);
+  const uint16_t codePoint = Direct().decode[(lead - kFirstLead) * 256 + in[1]];
+  return StoreDecoded(out, codePoint != 0 ? codePoint : -1, 2);
 }
 
 int32_t EncodeCp949(unsigned char* out, uint32_t codePoint, int32_t room) {
   int32_t result = EncodeAscii(out, codePoint, room);
   if (result != kNoMapping) return result;
-  result = StoreIndex94(out, room, MapCode(Ksx1001Encode, codePoint));
-  if (result != kNoMapping) return result;
-  if (codePoint < kFirstHangul || codePoint > kLastHangul) return kNoMapping;
-  if (codePoint < kFirstOfSecondTable) {
-    return EncodeExtension(out, room, MapCode(Cp949Ext1Encode, codePoint), 0x81, kExt1Trails);
-  }
-  return EncodeExtension(out, room, MapCode(Cp949Ext2Encode, codePoint), 0xA1, kExt2Trails);
+  if (codePoint > 0xFFFF) return kNoMapping;
+  const uint16_t code = Direct().encode[codePoint];
+  if (code == 0) return kNoMapping;
+  const unsigned char bytes[2] = {static_cast<unsigned char>(code >> 8),
+                                  static_cast<unsigned char>(code & 0xFF)};
+  return StoreEncoded(out, room, bytes, 2);
 }
 
 }  // namespace charset
