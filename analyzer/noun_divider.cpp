@@ -50,6 +50,7 @@ NounDivider::NounDivider()
   seenText.Reserve(kDivOutputSize);
   groupText.Reserve(64);
   hits.reserve(kMaxDivHits + 64);
+  rowCount = kDivRows;  // every row, the first time
   ClearRows();
   std::memset(output, 0, sizeof(output));
 }
@@ -66,8 +67,13 @@ bool NounDivider::InJosaList(const char* text, int32_t len) {
 }
 
 void NounDivider::ClearRows() {
-  std::memset(rows, 0, sizeof(rows));
-  for (DivRow& r : rows) std::memset(r.hitIndex, kNoHit, sizeof(r.hitIndex));
+  // Rows from rowCount on are as the last clear or NewRow left them; row 0
+  // is used without NewRow.
+  const int used = rowCount < 1 ? 1 : (rowCount > kDivRows ? kDivRows : rowCount);
+  std::memset(rows, 0, sizeof(DivRow) * static_cast<size_t>(used));
+  for (int k = 0; k < used; ++k) {
+    std::memset(rows[k].hitIndex, kNoHit, sizeof(rows[k].hitIndex));
+  }
   for (int k = 0; k < kDivRows; ++k) {
     weightSum[k] = 0.0;
     selected[k] = -1;
@@ -104,10 +110,14 @@ double NounDivider::GetPatternScore(int k) const {
   return rows[r].score;
 }
 
+void NounDivider::ClearOutput() {
+  std::memset(output, 0, strnlen(output, sizeof(output)));
+}
+
 const char* NounDivider::Divide(const char* text, int divideMode) {
   mode = divideMode;
   ClearRows();
-  std::memset(output, 0, sizeof(output));
+  ClearOutput();
   if (text == nullptr || text[0] == '\0' || dictionary == nullptr) {
     output[0] = '$';
     return output;
@@ -148,7 +158,7 @@ const char* NounDivider::Divide(const char* text, int divideMode) {
 
   const int live = Enumerate(word.CStr());
   if (live < 1) {
-    std::memset(output, 0, sizeof(output));
+    ClearOutput();
     output[0] = '$';
     return output;
   }
@@ -376,7 +386,8 @@ void NounDivider::FinishOutput(uint32_t tag, int32_t end) {
     }
   }
   output[at] = '$';
-  std::memset(output + at + 1, 0, static_cast<size_t>(kDivOutputSize - at - 1));
+  char* rest = output + at + 1;
+  std::memset(rest, 0, strnlen(rest, static_cast<size_t>(kDivOutputSize - at - 1)));
 }
 
 }  // namespace Quorel

@@ -163,6 +163,9 @@ class NounDivider {
 
   // Per-word reset of rows, weights, selections and counters.
   void ClearRows();
+  // Zeroes output up to its first NUL: between the steps it holds one string
+  // and zeros behind it, which each step keeps so.
+  void ClearOutput();
   // Opens a fresh row; -1 when 20 are open.
   int NewRow();
   // Copies elements 0..count-1 and the score of row `from` into `to`.
