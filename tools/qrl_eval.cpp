@@ -2,16 +2,17 @@
 // holds the gold morphemes joined by "+" and XPOS their tags (Sejong tags,
 // or the KAIST tags when they are in lower case).
 //
-//   qrl_eval [-k DIR] [-e N] [-s] [-r] [-t MODE] [-x DIR] [-o N=V]... [-d FILE]
-//            FILE.conllu...
+//   qrl_eval [-k DIR] [-e N] [-s] [-r | -f LIST] [-t MODE] [-x DIR]
+//            [-o N=V]... [-d FILE] FILE.conllu...
 //
 // Each sentence is analysed with RunWithString and tagged (mode 0 unless -t);
 // the best candidate of each eojul is compared with the gold analysis as
 // morphemes of (form, coarse tag). Reports morpheme precision, recall and F1
 // (multisets per sentence), segmentation F1 (forms alone), eojul accuracy
 // and the most frequent error kinds. -s prints one summary line only.
-// Endings are compared with their 아/어 allomorphs folded into one spelling
-// (see FoldAllomorph); -r compares them as written.
+// Endings are compared with the spellings of one ending folded together
+// (FoldAllomorphs in tools/eval_compare.h: 아/어, 으 and 은/ㄴ); -f chooses
+// the folds, -r compares them as written.
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -97,9 +98,9 @@ std::string Render(const std::vector<Morpheme>& v) {
   return out;
 }
 
-// Adds one sentence to `t`; with `fold` the ending allomorphs are folded
-// on both sides first. Wrong eojuls go to `dump` when it is open.
-void Score(const std::vector<GoldEojul>& eojuls, bool fold, Totals& t,
+// Adds one sentence to `t`; the endings are folded on both sides first by
+// the bits of `folds` (0: as written). Wrong eojuls go to `dump` when open.
+void Score(const std::vector<GoldEojul>& eojuls, unsigned folds, Totals& t,
            std::ostream* dump) {
   std::vector<Morpheme> gold, system;
   for (GoldEojul e : eojuls) {
@@ -107,10 +108,8 @@ void Score(const std::vector<GoldEojul>& eojuls, bool fold, Totals& t,
       ++t.skippedEojuls;
       continue;
     }
-    if (fold) {
-      FoldAllomorphs(e.gold);
-      FoldAllomorphs(e.system);
-    }
+    FoldAllomorphs(e.gold, folds);
+    FoldAllomorphs(e.system, folds);
     gold.insert(gold.end(), e.gold.begin(), e.gold.end());
     system.insert(system.end(), e.system.begin(), e.system.end());
     ++t.eojuls;
@@ -224,12 +223,34 @@ void Report(const Totals& t, const Totals& other, bool folded, int errorLines,
   }
 }
 
+// The folds named in a comma-separated list; false on an unknown name.
+bool ParseFolds(const std::string& list, unsigned& folds) {
+  folds = 0;
+  std::istringstream in(list);
+  std::string name;
+  while (std::getline(in, name, ',')) {
+    if (name == "harmony") {
+      folds |= Quorel::evaluation::kFoldHarmony;
+    } else if (name == "linking") {
+      folds |= Quorel::evaluation::kFoldLinkingVowel;
+    } else if (name == "all") {
+      folds |= Quorel::evaluation::kFoldAll;
+    } else if (name != "none") {
+      return false;
+    }
+  }
+  return true;
+}
+
 int Usage() {
   std::fputs("usage: qrl_eval [options] FILE.conllu...\n"
              "  -k DIR   knowledge directory (default: knowledge)\n"
              "  -e N     error kinds to list (default 20)\n"
              "  -s       one summary line only\n"
-             "  -r       compare endings as written (no allomorph folding)\n"
+             "  -f LIST  fold the spellings of an ending before comparing:\n"
+             "           harmony (아/어), linking (으, 은/ㄴ), all (default),\n"
+             "           or none; LIST joins them with commas\n"
+             "  -r       compare endings as written (same as -f none)\n"
              "  -t MODE  tagging mode, 0 or 1 (default 0); mode 1 loads the tagger\n"
              "           knowledge of DIR/sinfo\n"
              "  -x DIR   take the tagger knowledge of mode 1 from DIR/sinfo\n"
@@ -249,7 +270,7 @@ int main(int argc, char** argv) {
   int errorLines = 20;
   int mode = 0;
   bool summaryOnly = false;
-  bool fold = true;
+  unsigned folds = Quorel::evaluation::kFoldAll;
   std::vector<std::pair<int, int>> options;
   std::vector<std::string> files;
   for (int i = 1; i < argc; ++i) {
@@ -274,7 +295,9 @@ int main(int argc, char** argv) {
     } else if (arg == "-s") {
       summaryOnly = true;
     } else if (arg == "-r") {
-      fold = false;
+      folds = 0;
+    } else if (arg == "-f" && hasValue) {
+      if (!ParseFolds(argv[++i], folds)) return Usage();
     } else if (arg == "-h" || arg == "--help" || arg[0] == '-') {
       return Usage();
     } else {
@@ -306,14 +329,14 @@ int main(int argc, char** argv) {
       Quorel::treebank::SentenceText text = Quorel::treebank::BuildText(tokens);
       std::vector<GoldEojul> eojuls = GoldEojuls(tokens, text);
       evaluator.Analyse(text, eojuls);
-      Score(eojuls, fold, totals, dump.is_open() ? &dump : nullptr);
-      Score(eojuls, !fold, other, nullptr);
+      Score(eojuls, folds, totals, dump.is_open() ? &dump : nullptr);
+      Score(eojuls, folds != 0 ? 0 : Quorel::evaluation::kFoldAll, other, nullptr);
     });
     if (!ok) {
       std::fprintf(stderr, "qrl_eval: can't read %s\n", file.c_str());
       return 1;
     }
   }
-  Report(totals, other, fold, errorLines, summaryOnly);
+  Report(totals, other, folds != 0, errorLines, summaryOnly);
   return 0;
 }

@@ -20,8 +20,9 @@ std::string Forms(const std::vector<M>& v) {
   return out;
 }
 
-std::string Folded(std::vector<M> v) {
-  Quorel::evaluation::FoldAllomorphs(v);
+std::string Folded(std::vector<M> v,
+                   unsigned folds = Quorel::evaluation::kFoldAll) {
+  Quorel::evaluation::FoldAllomorphs(v, folds);
   return Forms(v);
 }
 
@@ -46,6 +47,28 @@ TEST(FoldAllomorphs, OnlyEndingsAreFolded) {
   Quorel::evaluation::FoldAllomorphs(v);
   EXPECT_EQ(v[1].tag, "EM");
   EXPECT_EQ(v[1].form, "아요");
+}
+
+TEST(FoldAllomorphs, TheLinkingVowelFallsOut) {
+  EXPECT_EQ(Folded({{"먹", "VV"}, {"으면", "EM"}}), "먹+면");
+  EXPECT_EQ(Folded({{"읽", "VV"}, {"으시", "EP"}, {"고", "EM"}}), "읽+시+고");
+  EXPECT_EQ(Folded({{"같", "VA"}, {"은", "ETM"}}), "같+ㄴ");
+  EXPECT_EQ(Folded({{"먹", "VV"}, {"을까", "EM"}}), "먹+ㄹ까");
+  EXPECT_EQ(Folded({{"먹", "VV"}, {"음", "ETN"}}), "먹+ㅁ");
+  EXPECT_EQ(Folded({{"먹", "VV"}, {"습니다", "EM"}}), "먹+ㅂ니다");
+  // A josa keeps its 으 and its 은; 으 alone is no linking vowel.
+  EXPECT_EQ(Folded({{"집", "N"}, {"으로", "J"}}), "집+으로");
+  EXPECT_EQ(Folded({{"책", "N"}, {"은", "J"}}), "책+은");
+  EXPECT_EQ(Folded({{"으", "EM"}}), "으");
+}
+
+TEST(FoldAllomorphs, EachFoldAlone) {
+  using Quorel::evaluation::kFoldHarmony;
+  using Quorel::evaluation::kFoldLinkingVowel;
+  std::vector<M> v = {{"먹", "VV"}, {"었", "EP"}, {"으면", "EM"}};
+  EXPECT_EQ(Folded(v, kFoldHarmony), "먹+았+으면");
+  EXPECT_EQ(Folded(v, kFoldLinkingVowel), "먹+었+면");
+  EXPECT_EQ(Folded(v, 0), "먹+었+으면");
 }
 
 }  // namespace
