@@ -216,6 +216,11 @@ def infinitive_like(syllable):
 OWN_SHORT_WORDS = ('nng.dic',)
 
 
+# Last syllables of a base before 하 that make it an inflected form or a
+# phrase (하게 하다, 보고 하다, 먹지 하다), not a root.
+NO_ROOT_ENDINGS = set('게고지야도서면')
+
+
 def split_derived(stems, nouns):
     """(stems to keep, roots to add as nouns) for the lines of a predicate
     file; a stem is the line's first field."""
@@ -228,7 +233,8 @@ def split_derived(stems, nouns):
                 base = stem[:-len(suffix)]
                 if base in nouns:
                     break
-                if suffix == '하' and not infinitive_like(base[-1]):
+                if (suffix == '하' and not infinitive_like(base[-1]) and
+                        base[-1] not in NO_ROOT_ENDINGS):
                     roots.append(base)
                     break
                 base = None

@@ -31,7 +31,7 @@ TEST(DerivedPredicates, NounPlusSuffixIsStoredAsTheNoun) {
     std::ofstream(src + "/nng.dic") << "공부\n사용\n자연\n말\n";
     std::ofstream(src + "/vv.dic") << "공부하\n사용되\n통하\n말하\n좋아하\n먹\n"
                                    << "미워하\tㅂ\n";
-    std::ofstream(src + "/va.dic") << "깨끗하\n자연스럽\tㅂ\n기쁘\n";
+    std::ofstream(src + "/va.dic") << "깨끗하\n자연스럽\tㅂ\n기쁘\n하게하\n";
   }
   std::string out = kbtest::FreshDir("derived_out");
   std::string errors;
@@ -44,7 +44,8 @@ TEST(DerivedPredicates, NounPlusSuffixIsStoredAsTheNoun) {
   // One-syllable bases (통하, 말하) and 아/어 forms before 하 stay whole.
   EXPECT_EQ(Lines(out + "/vv.dic"),
             (std::set<std::string>{"통하", "말하", "좋아하", "먹", "미워하\tㅂ"}));
-  EXPECT_EQ(Lines(out + "/va.dic"), (std::set<std::string>{"기쁘"}));
+  // An inflected form before 하 is no root (하게 하다).
+  EXPECT_EQ(Lines(out + "/va.dic"), (std::set<std::string>{"기쁘", "하게하"}));
   // A root before 하 that is no noun joins the nouns.
   EXPECT_EQ(Lines(out + "/nng.dic"),
             (std::set<std::string>{"공부", "사용", "자연", "말", "깨끗"}));
