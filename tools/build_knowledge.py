@@ -47,6 +47,10 @@ MAIN_FILES = ['nnb.dic', 'nng.dic', 'np.dic', 'nni.dic', 'nnp.dic', 'nu.dic',
 WITH_TEXT = {'nnb.dic', 'nnp.dic', 'nu.dic'}
 LIST_FILES = ['xp.dic', 'xsn.dic', 'xsnxsn.dic', 'conj.dic']
 PREANALYSIS = 'preanal.sys.dic'
+# The tagger's rule files, under sinfo/ both in the sources and the output.
+GROUP_RULES = 'sinfo/grule.klg'
+EOJUL_RULES = 'sinfo/erule.klg'
+RULE_FILES = [GROUP_RULES, EOJUL_RULES]
 
 HANGUL_WORD = re.compile('^@*[가-힣ㄱ-ㅎ]+$')
 # A main-file line "!word" takes the word out of that file, whichever list
@@ -130,7 +134,65 @@ def check_preanalysis(line):
     return None
 
 
+def check_morpheme_condition(text):
+    """None, or what is wrong with one [index][tags][lexicons] condition."""
+    fields = re.findall(r'\[([^\]]*)\]', text)
+    if not text.startswith('[') or not 1 <= len(fields) <= 3:
+        return 'a condition is [index][tags][lexicons]: ' + text
+    if not (fields[0].isdigit() or fields[0] == '$'):
+        return 'an index is digits or $: ' + text
+    if len(fields) > 1 and fields[1]:
+        for name in fields[1].split(':'):
+            if name.lstrip('!') not in TAGS:
+                return 'unknown tag ' + name
+    if len(fields) > 2 and fields[2] and not (
+            fields[2].startswith(':') and fields[2].endswith(':')):
+        return 'lexicons begin and end with ":": ' + text
+    return None
+
+
+def check_group_rule(line):
+    """None, or what is wrong with a line of sinfo/grule.klg."""
+    patterns = [p.strip() for p in line.split('\t')]
+    if sum(p.count('@') for p in patterns) != 1:
+        return 'a rule has one pattern marked with @'
+    for pattern in patterns:
+        if not pattern:
+            return 'an empty pattern'
+        i = 0
+        while i < len(pattern):
+            c = pattern[i]
+            if c in 'FNE@':
+                i += 1
+            elif c in '#%':
+                if i + 1 >= len(pattern) or not pattern[i + 1].isdigit():
+                    return c + ' takes one digit'
+                i += 3  # the digit and the separator behind it
+            elif c == '[':
+                end = pattern.find('+', i)
+                end = len(pattern) if end < 0 else end
+                problem = check_morpheme_condition(pattern[i:end])
+                if problem:
+                    return problem
+                i = end + 1
+            else:
+                return 'no pattern item begins with ' + c
+    return None
+
+
+def check_eojul_rule(line):
+    """None, or what is wrong with a line of sinfo/erule.klg."""
+    eojul, tab, number = line.partition('\t')
+    if not tab or not eojul.strip() or not number.strip().isdigit():
+        return 'a rule is eojul TAB candidate number'
+    return None
+
+
 def check_line(name, line):
+    if name == GROUP_RULES:
+        return check_group_rule(line)
+    if name == EOJUL_RULES:
+        return check_eojul_rule(line)
     if name in ENDING_FILES:
         return check_ending(line, name == 'js.dic')
     if name in MAIN_FILES:
@@ -281,7 +343,7 @@ def build(src, out, imported_dir=None, compiler=None, log=sys.stderr,
     os.makedirs(os.path.join(out, 'sinfo'), exist_ok=True)
     bad = 0
     sources = {}
-    for name in ENDING_FILES + MAIN_FILES + LIST_FILES + [PREANALYSIS]:
+    for name in ENDING_FILES + MAIN_FILES + LIST_FILES + [PREANALYSIS] + RULE_FILES:
         own, problems = [], []
         path = os.path.join(src, name)
         if os.path.exists(path):
