@@ -24,13 +24,13 @@ bool Dictionary::WalkKey(const QR_DaTrie& trie, const char* key, int32_t len,
                          TrieNode& node) {
   node.Reset();
   if (key == nullptr) return false;
-  if (len == 0) len = static_cast<int32_t>(std::strlen(key));
-  for (int32_t i = 0; i < len && key[i] != '\0'; ++i) {
-    if (trie.Walk(static_cast<unsigned char>(key[i]), node) == 0) {
-      return false;
-    }
-  }
-  return node.value != nullptr;
+  // The key ends at len or at a NUL before it.
+  if (len < 0) return false;
+  const int32_t n = static_cast<int32_t>(
+      len == 0 ? std::strlen(key) : strnlen(key, static_cast<size_t>(len)));
+  return trie.WalkBytes(reinterpret_cast<const unsigned char*>(key), n,
+                        node) != 0 &&
+         node.value != nullptr;
 }
 
 void Dictionary::SetTexts(SearchInfo& si) const {

@@ -66,6 +66,10 @@ class QR_DaTrie {
   // Clears node.value first and sets it when a whole key has been walked.
   // Inline: every lookup of the analyzer runs through this loop body.
   inline int Walk(unsigned char byte, TrieNode& node) const;
+  // Walks the len bytes of key as Walk would, but looks for a value only
+  // behind the last one. 1 when every byte had its transition, else 0.
+  inline int WalkBytes(const unsigned char* key, int32_t len,
+                       TrieNode& node) const;
 
   // The 32-bit value at node.value. REQUIRES: node.value not null.
   static int32_t GetValue(const TrieNode& node) {
@@ -167,6 +171,25 @@ inline int QR_DaTrie::Walk(unsigned char byte, TrieNode& node) const {
     if (*p == kTrieEnd) node.value = p + 1;
   }
   return 1;
+}
+
+inline int QR_DaTrie::WalkBytes(const unsigned char* key, int32_t len,
+                                TrieNode& node) const {
+  if (len <= 0) return 1;
+  node.value = nullptr;
+  if (bc == nullptr) return 0;
+  for (int32_t i = 0; i + 1 < len; ++i) {
+    if (node.state < 1) {
+      if (tail[-node.state] != key[i]) return 0;
+      node.state -= 1;
+      continue;
+    }
+    const int32_t t = CodeMap[key[i]] + bc[node.state].base;
+    if (t > bcPos || bc[t].check != node.state) return 0;
+    const int32_t base = bc[t].base;
+    node.state = base >= 0 ? t : base;
+  }
+  return Walk(key[len - 1], node);
 }
 
 }  // namespace Quorel
