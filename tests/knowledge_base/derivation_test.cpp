@@ -134,6 +134,22 @@ TEST_F(CoreAnalysis, EndingsFollowPrefinalEndings) {
   EXPECT_EQ(Candidates("먹는다").count("먹/VV+는다/EM"), 1u);
 }
 
+TEST_F(CoreAnalysis, EndingsInNeunFollowOpenAndClosedStems) {
+  EXPECT_EQ(Candidates("하는데").count("하/VV+는데/EM"), 1u);
+  EXPECT_EQ(Candidates("먹는데").count("먹/VV+는데/EM"), 1u);
+  EXPECT_EQ(Candidates("오는지").count("오/VV+는지/EM"), 1u);
+  EXPECT_EQ(Candidates("하는군요").count("하/VV+는군요/EM"), 1u);
+}
+
+TEST_F(CoreAnalysis, TheQuotativeJosaIsNoKeyBehindANoun) {
+  // 고 stands alone behind a closing quote (pre-analysis); behind a noun it
+  // would only compete with the ending of 살고, 주고.
+  for (const std::string& c : Candidates("살고")) {
+    EXPECT_EQ(c.find("고/J"), std::string::npos) << c;
+  }
+  EXPECT_EQ(Candidates("고").count("고/J_"), 1u);
+}
+
 TEST_F(CoreAnalysis, DerivedPredicatesReadTheirSuffix) {
   std::set<std::string> clean = Candidates("깨끗한");
   EXPECT_EQ(clean.count("깨끗/NNG+하/XSD+ㄴ/ETM"), 1u);
