@@ -31,3 +31,20 @@ if [ ! -f /usr/share/hunspell/ko_KR.dic ]; then
   DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq hunspell-ko \
     || echo "hunspell-ko is not available: the knowledge gets the core vocabulary only"
 fi
+
+# clang with its sanitizer and libFuzzer runtimes builds the fuzz targets
+# (scripts/hardening.sh). Optional as well: without them the fuzz runs are
+# skipped with a message; the sanitizer builds use g++'s runtimes.
+SUDO=""
+[ "$(id -u)" -ne 0 ] && SUDO="sudo"
+fuzzer_runtime() {
+  command -v clang++ >/dev/null 2>&1 &&
+    [ -f "$(clang++ -print-file-name=libclang_rt.fuzzer-x86_64.a)" ]
+}
+if ! fuzzer_runtime; then
+  $SUDO apt-get update -qq || true
+  DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq clang libclang-rt-dev \
+    || DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq clang-14 libclang-rt-14-dev \
+    || true
+  fuzzer_runtime || echo "clang's libFuzzer runtime is not available: the fuzz runs are skipped"
+fi
