@@ -21,24 +21,26 @@ cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=Release -DQRLSL_BUILD_TESTS=OFF 
 cmake --build "$build" -j"$(nproc)" --target qrl_compile qrl_eval >/dev/null
 python3 tools/build_knowledge.py --out "$build/knowledge" --compiler "$build/qrl_compile" >/dev/null
 
-# The headline: option 13 on (a "." or "," inside a number is part of it,
-# as a user analysing prose would set it) and the spellings of one ending
-# folded (knowledge-src/README.md); then the same without each choice.
-eval_tool() { "$build/qrl_eval" -k "$build/knowledge" "$@"; }
+# The headline: options 12 and 13 on, as a user analysing prose would set
+# them (Latin words keep their case; a "." or "," inside a number is part of
+# it), and the spellings of one ending folded (knowledge-src/README.md);
+# then the same without each choice, and without all of them.
+eval_tool() { "$build/qrl_eval" -k "$build/knowledge" -o 12=1 -o 13=1 "$@"; }
 variants() {
-  for variant in "-f harmony" "-f linking" "-f none" "-o 13=0" "-o 13=0 -f none"; do
+  for variant in "-f harmony" "-f linking" "-f none" "-o 12=0" "-o 13=0" \
+                 "-o 12=0 -o 13=0 -f none"; do
     # shellcheck disable=SC2086
-    printf '  %-17s %s\n' "$variant:" "$(eval_tool -o 13=1 $variant -s "$1")"
+    printf '  %-25s %s\n' "$variant:" "$(eval_tool $variant -s "$1")"
   done
 }
 echo "== GSD dev"
-summary=$(eval_tool -o 13=1 -e 15 "$gsd" | tee /dev/stderr | sed -n 1p)
+summary=$(eval_tool -e 15 "$gsd" | tee /dev/stderr | sed -n 1p)
 echo "variants of the comparison:"
 variants "$gsd"
 kaist=$corpus/ud-korean-kaist/ko_kaist-ud-dev.conllu
 if [ -f "$kaist" ]; then
   echo "== KAIST dev"
-  eval_tool -o 13=1 -s "$kaist"
+  eval_tool -s "$kaist"
   variants "$kaist"
 fi
 if [ -n "${QRLSL_EVAL_FLOOR:-}" ]; then
