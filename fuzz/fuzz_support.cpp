@@ -136,15 +136,6 @@ void ScratchDir::Write(const std::string& name, const uint8_t* data,
             static_cast<std::streamsize>(size));
 }
 
-void ScratchDir::CopyFiles(const std::string& from) const {
-  for (const auto& entry : std::filesystem::directory_iterator(from)) {
-    if (entry.is_regular_file()) {
-      Write(entry.path().filename().string(),
-            ReadFile(entry.path().string()));
-    }
-  }
-}
-
 void ReadEojul(QR_Eojul& e) {
   volatile size_t sink = std::string(e.GetString()).size();
   for (int c = 0; c < e.GetListSize(); ++c) {

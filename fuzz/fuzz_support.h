@@ -41,8 +41,6 @@ class ScratchDir {
   // Writes the bytes to Path()/name (subdirectories made as needed).
   void Write(const std::string& name, const std::string& bytes) const;
   void Write(const std::string& name, const uint8_t* data, size_t size) const;
-  // Copies every regular file of `from` (not its subdirectories) here.
-  void CopyFiles(const std::string& from) const;
 
  private:
   std::string path;
