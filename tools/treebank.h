@@ -162,13 +162,26 @@ inline bool MorphemesOfToken(const Token& token, std::vector<Morpheme>& out) {
   return true;
 }
 
+// True for a number written in digits ("3", "1,828", "1.2").
+inline bool WrittenInDigits(const std::string& form) {
+  if (form.empty() || !std::isdigit(static_cast<unsigned char>(form[0]))) return false;
+  for (char c : form) {
+    if (!std::isdigit(static_cast<unsigned char>(c)) && c != '.' && c != ',') return false;
+  }
+  return true;
+}
+
 // Gold morphemes of a token with coarse tags; false as MorphemesOfToken.
+// KAIST tags a number written in digits as a numeral (nnc); it is compared
+// as SN, the class the other tag sets and the analyzer give it.
 inline bool GoldOfToken(const Token& token, std::vector<Morpheme>& out) {
   std::vector<Morpheme> raw;
   if (!MorphemesOfToken(token, raw)) return false;
   bool kaist = std::islower(static_cast<unsigned char>(raw[0].tag[0])) != 0;
   for (Morpheme& m : raw) {
-    out.push_back({m.form, kaist ? CoarseKaist(m.tag) : CoarseSejong(m.tag)});
+    std::string coarse = kaist ? CoarseKaist(m.tag) : CoarseSejong(m.tag);
+    if (kaist && coarse == "N" && WrittenInDigits(m.form)) coarse = "SN";
+    out.push_back({m.form, coarse});
   }
   return true;
 }

@@ -1,6 +1,8 @@
 // The folding of ending allomorphs that the treebank evaluation applies to
-// gold and system morphemes before comparing them.
+// gold and system morphemes before comparing them, and the coarse classes
+// of gold morphemes where the tag sets differ in convention.
 #include "tools/eval_compare.h"
+#include "tools/treebank.h"
 
 #include <string>
 #include <vector>
@@ -69,6 +71,26 @@ TEST(FoldAllomorphs, EachFoldAlone) {
   EXPECT_EQ(Folded(v, kFoldHarmony), "먹+았+으면");
   EXPECT_EQ(Folded(v, kFoldLinkingVowel), "먹+었+면");
   EXPECT_EQ(Folded(v, 0), "먹+었+으면");
+}
+
+std::string Gold(const std::string& lemma, const std::string& xpos) {
+  Quorel::treebank::Token token;
+  token.lemma = lemma;
+  token.xpos = xpos;
+  std::vector<Quorel::treebank::Morpheme> out;
+  if (!Quorel::treebank::GoldOfToken(token, out)) return "(none)";
+  std::string text;
+  for (const auto& m : out) text += (text.empty() ? "" : "+") + m.form + "/" + m.tag;
+  return text;
+}
+
+TEST(GoldOfToken, AKaistNumeralInDigitsIsANumber) {
+  EXPECT_EQ(Gold("3+개", "nnc+nbu"), "3/SN+개/N");
+  EXPECT_EQ(Gold("1,828+건", "nnc+nbu"), "1,828/SN+건/N");
+  EXPECT_EQ(Gold("1.2+배", "nnc+nbu"), "1.2/SN+배/N");
+  // A numeral in letters stays a noun, and the Sejong tags are as they were.
+  EXPECT_EQ(Gold("하나+에", "nnc+jca"), "하나/N+에/J");
+  EXPECT_EQ(Gold("3+개", "SN+NNB"), "3/SN+개/N");
 }
 
 }  // namespace
