@@ -94,6 +94,12 @@ Dictionary& SharedKnowledge() {
   return *knowledge;
 }
 
+int StartOnSharedKnowledge() {
+  Quiet();
+  SharedKnowledge();
+  return 0;
+}
+
 std::string Cp949(const char* utf8) {
   WideChar* wide = ToWide(utf8, "UTF-8");
   char* bytes = FromWide(wide, "CP949");

@@ -23,6 +23,8 @@ void Quiet();
 // The knowledge of KnowledgeDir(), read once from its compiled file and
 // shared by every run (read-only, as hosts share it).
 Dictionary& SharedKnowledge();
+// Quiet(), then SharedKnowledge() loaded; 0, for LLVMFuzzerInitialize.
+int StartOnSharedKnowledge();
 
 // UTF-8 to CP949 through the library's converter.
 std::string Cp949(const char* utf8);

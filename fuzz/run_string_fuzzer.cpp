@@ -10,9 +10,7 @@
 using namespace Quorel;
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  fuzz::Quiet();
-  fuzz::SharedKnowledge();
-  return 0;
+  return fuzz::StartOnSharedKnowledge();
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {

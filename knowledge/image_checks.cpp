@@ -33,7 +33,9 @@ const char* CellFault(const QR_DaTrie& trie) {
   }
   for (int32_t i = 0; i <= trie.bcPos; ++i) {
     const TrieCell& cell = trie.bc[i];
-    if (cell.base > trie.bcSize) return "a cell's children lie beyond the cells";
+    if (cell.base > trie.bcSize) {
+      return "a cell's children lie beyond the cells";
+    }
     if (cell.check < 1) {
       if (cell.base != 0) return "a free cell holds a base";
       continue;
@@ -57,7 +59,9 @@ const char* FreeListFault(const QR_DaTrie& trie) {
   int64_t last = 0;
   int64_t onList = 0;
   while (f <= trie.bcPos) {
-    if (f <= last || trie.bc[f].check >= 0) return "its free-cell list is broken";
+    if (f <= last || trie.bc[f].check >= 0) {
+      return "its free-cell list is broken";
+    }
     last = f;
     ++onList;
     f = -static_cast<int64_t>(trie.bc[f].check);

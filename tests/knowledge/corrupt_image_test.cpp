@@ -38,6 +38,16 @@ class CorruptImageTest : public ::testing::Test {
     return result;
   }
 
+  // Saves the damaged `built` and loads it into `loaded`: refused, with the
+  // one message that names the section and the fault.
+  void ExpectRefused(Dictionary& loaded, const std::string& section,
+                     const std::string& fault) {
+    EXPECT_EQ(0, SaveAndLoad(built, loaded));
+    EXPECT_EQ("Knowledge file is corrupted in the " + section + ": " + fault +
+                  "..\n",
+              messages);
+  }
+
   // The first in-use leaf of a trie whose record holds a key's rest.
   static int32_t FirstRestLeaf(const QR_DaTrie& trie) {
     for (int32_t i = 2; i <= trie.bcPos; ++i) {
@@ -64,10 +74,9 @@ TEST_F(CorruptImageTest, SoundTriesOfTheBuiltKnowledgePass) {
         &built.preAnalTrie}) {
     EXPECT_EQ(nullptr, TrieImageFault(*trie));
   }
-  EXPECT_EQ(nullptr, TrieValueFault(built.mainTrie, 0,
-                                    static_cast<int64_t>(built.mainInfos.size())));
-  EXPECT_NE(nullptr, TrieValueFault(built.mainTrie, 0,
-                                    static_cast<int64_t>(built.mainInfos.size()) - 1));
+  const auto records = static_cast<int64_t>(built.mainInfos.size());
+  EXPECT_EQ(nullptr, TrieValueFault(built.mainTrie, 0, records));
+  EXPECT_NE(nullptr, TrieValueFault(built.mainTrie, 0, records - 1));
   QR_DaTrie never;
   EXPECT_EQ(nullptr, TrieImageFault(never));
 }
@@ -103,10 +112,7 @@ TEST_F(CorruptImageTest, LeafBeyondTheTailIsRefused) {
   ASSERT_GT(leaf, 0);
   built.mainTrie.bc[leaf].base = -(built.mainTrie.tailPos + 40);
   Dictionary loaded(false);
-  EXPECT_EQ(0, SaveAndLoad(built, loaded));
-  EXPECT_EQ("Knowledge file is corrupted in the main dictionary: a key's rest "
-            "runs past the tail..\n",
-            messages);
+  ExpectRefused(loaded, "main dictionary", "a key's rest runs past the tail");
   EXPECT_EQ(nullptr, loaded.mainTrie.bc);
   SearchInfo si;
   EXPECT_EQ(0, loaded.SearchMain(Cp949("학교").c_str(), si));
@@ -119,30 +125,24 @@ TEST_F(CorruptImageTest, RestWithoutItsEndIsRefused) {
     if (trie.tail[k] == ';') trie.tail[k] = 'x';
   }
   Dictionary loaded(false);
-  EXPECT_EQ(0, SaveAndLoad(built, loaded));
-  EXPECT_EQ("Knowledge file is corrupted in the josa/eomi dictionary: a key's "
-            "rest runs past the tail..\n",
-            messages);
+  ExpectRefused(loaded, "josa/eomi dictionary",
+                "a key's rest runs past the tail");
   EXPECT_EQ(nullptr, loaded.jeTrie.bc);
 }
 
 TEST_F(CorruptImageTest, ChildrenOrParentBeyondTheCellsAreRefused) {
   Dictionary far(false);
   built.divTrie.bc[1].base = built.divTrie.bcPos + 2;
-  EXPECT_EQ(0, SaveAndLoad(built, far));
-  EXPECT_EQ("Knowledge file is corrupted in the divide information: a cell's "
-            "children lie beyond the cells..\n",
-            messages);
+  ExpectRefused(far, "divide information",
+                "a cell's children lie beyond the cells");
   built.divTrie.bc[1].base = 1;
 
   const int32_t leaf = FirstRestLeaf(built.posTrie);
   ASSERT_GT(leaf, 0);
   built.posTrie.bc[leaf].check = 0x7FFFFFF0;
   Dictionary parent(false);
-  EXPECT_EQ(0, SaveAndLoad(built, parent));
-  EXPECT_EQ("Knowledge file is corrupted in the position information: a "
-            "cell's parent lies beyond the cells..\n",
-            messages);
+  ExpectRefused(parent, "position information",
+                "a cell's parent lies beyond the cells");
   EXPECT_EQ(nullptr, parent.posTrie.bc);
   EXPECT_NE(nullptr, parent.divTrie.bc) << "the sections before stay";
 }
@@ -155,10 +155,7 @@ TEST_F(CorruptImageTest, BrokenFreeCellListIsRefused) {
   const int32_t head = trie.bcEmptyStart;
   trie.bcEmptyStart = 1;
   Dictionary a(false);
-  EXPECT_EQ(0, SaveAndLoad(built, a));
-  EXPECT_EQ("Knowledge file is corrupted in the main dictionary: its "
-            "free-cell list is broken..\n",
-            messages);
+  ExpectRefused(a, "main dictionary", "its free-cell list is broken");
   trie.bcEmptyStart = head;
 
   // A list that loops back on itself.
@@ -180,10 +177,7 @@ TEST_F(CorruptImageTest, BrokenFreeCellListIsRefused) {
 TEST_F(CorruptImageTest, RootThatIsNoBranchIsRefused) {
   built.xpTrie.bc[1].base = -1;
   Dictionary loaded(false);
-  EXPECT_EQ(0, SaveAndLoad(built, loaded));
-  EXPECT_EQ("Knowledge file is corrupted in the XP list: its root cell is not "
-            "a branch..\n",
-            messages);
+  ExpectRefused(loaded, "XP list", "its root cell is not a branch");
 }
 
 TEST_F(CorruptImageTest, KeyValuesOutsideTheirArraysAreRefused) {
@@ -191,20 +185,14 @@ TEST_F(CorruptImageTest, KeyValuesOutsideTheirArraysAreRefused) {
   ASSERT_EQ(1, built.mainTrie.Insert(Cp949("학교").c_str(), node));
   QR_DaTrie::SetValue(node, static_cast<int32_t>(built.mainInfos.size()));
   Dictionary main(false);
-  EXPECT_EQ(0, SaveAndLoad(built, main));
-  EXPECT_EQ("Knowledge file is corrupted in the main dictionary: a key's value "
-            "points nowhere..\n",
-            messages);
+  ExpectRefused(main, "main dictionary", "a key's value points nowhere");
   EXPECT_EQ(nullptr, main.mainTrie.bc);
   QR_DaTrie::SetValue(node, 1);
 
   ASSERT_EQ(1, built.preAnalTrie.Insert(Cp949("나는").c_str(), node));
   QR_DaTrie::SetValue(node, -3);
   Dictionary pre(false);
-  EXPECT_EQ(0, SaveAndLoad(built, pre));
-  EXPECT_EQ("Knowledge file is corrupted in the pre-analysis: a key's value "
-            "points nowhere..\n",
-            messages);
+  ExpectRefused(pre, "pre-analysis", "a key's value points nowhere");
   Dictionary without(false);
   ::testing::internal::CaptureStderr();
   EXPECT_EQ(1, without.LoadKnowledge(scratch.Path().c_str(), true, false))
@@ -216,20 +204,16 @@ TEST_F(CorruptImageTest, RecordIndexesOutsideThePoolsAreRefused) {
   ASSERT_GT(built.mainInfos.size(), 1u);
   built.mainInfos[1].nnbInfo = built.mainPool.used;
   Dictionary texts(false);
-  EXPECT_EQ(0, SaveAndLoad(built, texts));
-  EXPECT_EQ("Knowledge file is corrupted in the main dictionary: a word's text "
-            "lies outside the pool..\n",
-            messages);
+  ExpectRefused(texts, "main dictionary",
+                "a word's text lies outside the pool");
   EXPECT_TRUE(texts.mainInfos.empty());
   built.mainInfos[1].nnbInfo = -1;
 
   ASSERT_GT(built.jeInfos.size(), 1u);
   built.jeInfos[1].eomiInfo5 = built.jePool.count;
   Dictionary readings(false);
-  EXPECT_EQ(0, SaveAndLoad(built, readings));
-  EXPECT_EQ("Knowledge file is corrupted in the josa/eomi dictionary: a "
-            "reading lies outside its pool..\n",
-            messages);
+  ExpectRefused(readings, "josa/eomi dictionary",
+                "a reading lies outside its pool");
   built.jeInfos[1].eomiInfo5 = -1;
 
   built.jePool.offset[0] = static_cast<uint32_t>(built.jePool.text.used);
@@ -244,10 +228,7 @@ TEST_F(CorruptImageTest, ImpossibleTrieSizesAreReported) {
   built.conjTrie.Clear();
   built.conjTrie.bcPos = -1;
   Dictionary loaded(false);
-  EXPECT_EQ(0, SaveAndLoad(built, loaded));
-  EXPECT_EQ("Knowledge file is corrupted in the CONJ list: its sizes are "
-            "impossible..\n",
-            messages);
+  ExpectRefused(loaded, "CONJ list", "its sizes are impossible");
   built.conjTrie.bcPos = 0;
   Dictionary empty(false);
   EXPECT_EQ(1, SaveAndLoad(built, empty));
