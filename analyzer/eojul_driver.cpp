@@ -96,6 +96,7 @@ int MAnalyzer::AnalyzeEojul(Eojul& e) {
   compoundTried = false;
   restarted = false;
   nounBest = -1;
+  divisionKept = false;
   if (contextCode != 1 && contextCode != 5) contextCode = 0;
 
   const unsigned type = e.GetType();

@@ -334,6 +334,10 @@ class MAnalyzer : public QR_Analyzer {
   // The driver's last step: the unknown word from the noun analysis, else
   // the surface as NNR. Returns analysisResult.
   int UnknownWord(Eojul& e);
+  // The divider's pattern for text under mode. A repeat of the token's last
+  // division (the driver divides an unknown word twice) reads the divider's
+  // state as that division left it.
+  const char* DivideNoun(const char* text, int mode);
   // Tests fill the pending tables through this.
   friend struct NounAnalysisProbe;
 
@@ -344,6 +348,7 @@ class MAnalyzer : public QR_Analyzer {
   TextStream streams;
   // Noun analysis: the division of words no dictionary entry covers.
   NounDivider compoundAnalyzer;
+  bool divisionKept = false;  // the divider holds a division of this token
   Tagger tagger;
   Eojul remainderEojul;
   std::vector<Eojul> sentence;

@@ -237,7 +237,7 @@ int MAnalyzer::AnalyzeCountedPart(Eojul& e, StringEx& part, unsigned start) {
       if (rightLen >= 8) {
         contextCode = 2;
         workText = text + i;
-        pieceText = compoundAnalyzer.Divide(workText.CStr(), contextCode);
+        pieceText = DivideNoun(workText.CStr(), contextCode);
         if (pieceText.Find('$') >= 0 || pieceText.Find('%') >= 0 ||
             pieceText.Find('U') >= 0 || pieceText.Find('B') >= 0 ||
             pieceText.Find('P') >= 0) {

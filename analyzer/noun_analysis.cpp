@@ -144,6 +144,16 @@ double MAnalyzer::GroupScore(Eojul& e, int mode, int group, double sentinel,
   return s;
 }
 
+const char* MAnalyzer::DivideNoun(const char* text, int mode) {
+  if (divisionKept && compoundAnalyzer.mode == mode &&
+      compoundAnalyzer.word == text) {
+    return compoundAnalyzer.output;
+  }
+  // The divider keeps the word only when it divided one.
+  divisionKept = text != nullptr && text[0] != '\0' && Knowledge() != nullptr;
+  return compoundAnalyzer.Divide(text, mode);
+}
+
 int MAnalyzer::AnalyzeNoun(Eojul& e, int mode, int level) {
   // 1. Whose text is divided, and under which context.
   // Modes of the stored tails keep a context of 1 from the token before.
@@ -192,7 +202,7 @@ int MAnalyzer::AnalyzeNoun(Eojul& e, int mode, int level) {
       workText = e.GetString();
       return -1;
   }
-  const char* pattern = compoundAnalyzer.Divide(workText.CStr(), contextCode);
+  const char* pattern = DivideNoun(workText.CStr(), contextCode);
   int result = 1;
   int groups = 0;
   double sentinel = 0.0;
