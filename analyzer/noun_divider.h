@@ -191,6 +191,8 @@ class NounDivider {
   char LetterAt(int row, int i) const;
   // True when some hit runs from `start` to `end`.
   bool HasHit(int32_t start, int32_t end) const;
+  // The first hit from `start` to `end`; null when none.
+  const SearchInfo* FindHit(int32_t start, int32_t end) const;
   // True when a hit after prevHit has its start and ends at the word end.
   bool LongerHitToEnd(int prevHit) const;
   // The josa reading of the len bytes at word+at behind the syllable before

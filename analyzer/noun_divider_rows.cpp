@@ -135,9 +135,16 @@ void NounDivider::WeighElement(int k, int j, int32_t at, bool uCopy[kDivRows],
   const bool last = j + 1 >= kDivElements || r.elements[j + 1].length <= 0;
   const char next = last ? 0 : r.elements[j + 1].letter;
   const int32_t nextLength = last ? 0 : r.elements[j + 1].length;
+  // The walk's hits hold the records of the words they cover.
   SearchInfo si;
-  const uint32_t bits =
-      dictionary->SearchMain(w + at, si, bytes) != 0 ? si.info.bits : 0;
+  const SearchInfo* hit = FindHit(at, at + bytes);
+  uint32_t bits = 0;
+  if (hit != nullptr) {
+    si = *hit;
+    bits = si.info.bits;
+  } else if (dictionary->SearchMain(w + at, si, bytes) != 0) {
+    bits = si.info.bits;
+  }
   const int attr = si.nnbText != nullptr ? std::atoi(si.nnbText) : 0;
 
   if (at > 0 && HasTag(bits, Pos::NNB) && (attr & 2) != 0) {

@@ -127,11 +127,15 @@ void NounDivider::PrevSpan(int row, int pos, TailSpan& span) const {
   span.prevEnd = covered;
 }
 
-bool NounDivider::HasHit(int32_t start, int32_t end) const {
+const SearchInfo* NounDivider::FindHit(int32_t start, int32_t end) const {
   for (const SearchInfo& h : hits) {
-    if (h.start == start && h.end == end) return true;
+    if (h.start == start && h.end == end) return &h;
   }
-  return false;
+  return nullptr;
+}
+
+bool NounDivider::HasHit(int32_t start, int32_t end) const {
+  return FindHit(start, end) != nullptr;
 }
 
 bool NounDivider::LongerHitToEnd(int prevHit) const {
