@@ -97,6 +97,7 @@ int MAnalyzer::AnalyzeEojul(Eojul& e) {
   restarted = false;
   nounBest = -1;
   divisionKept = false;
+  wordHitsText.Clear();
   if (contextCode != 1 && contextCode != 5) contextCode = 0;
 
   const unsigned type = e.GetType();
@@ -147,6 +148,7 @@ int MAnalyzer::AnalyzeEojul(Eojul& e) {
   levels[levelIndex].endingBits = 0;
   wordHits.clear();
   dictionary->SearchAll(e.GetString(), wordHits, 0, 0, 0, 1, 0, 0);
+  wordHitsText.Assign(e.GetString(), len);
 
   // 6. The whole word.
   const int status = AnalyzeWhole(e);

@@ -369,6 +369,7 @@ class MAnalyzer : public QR_Analyzer {
   // Search vectors: dictionary words from byte 0 of the eojul, and the
   // split points of the josa and eomi search.
   std::vector<SearchInfo> wordHits;
+  StringEx wordHitsText;  // the text wordHits were searched in
   std::vector<SearchJEInfo> jeCandidates;
   // Readings of the ending under test: as written, and fused into the
   // stem's last syllable (text null when there is none).

@@ -151,7 +151,8 @@ const char* MAnalyzer::DivideNoun(const char* text, int mode) {
   }
   // The divider keeps the word only when it divided one.
   divisionKept = text != nullptr && text[0] != '\0' && Knowledge() != nullptr;
-  return compoundAnalyzer.Divide(text, mode);
+  const bool searched = text != nullptr && wordHitsText == text;
+  return compoundAnalyzer.Divide(text, mode, searched ? &wordHits : nullptr);
 }
 
 int MAnalyzer::AnalyzeNoun(Eojul& e, int mode, int level) {

@@ -114,7 +114,8 @@ void NounDivider::ClearOutput() {
   std::memset(output, 0, strnlen(output, sizeof(output)));
 }
 
-const char* NounDivider::Divide(const char* text, int divideMode) {
+const char* NounDivider::Divide(const char* text, int divideMode,
+                                const std::vector<SearchInfo>* startHits) {
   mode = divideMode;
   ClearRows();
   ClearOutput();
@@ -156,7 +157,7 @@ const char* NounDivider::Divide(const char* text, int divideMode) {
     return output;
   }
 
-  const int live = Enumerate(word.CStr());
+  const int live = Enumerate(word.CStr(), startHits);
   if (live < 1) {
     ClearOutput();
     output[0] = '$';

@@ -81,8 +81,11 @@ class NounDivider {
   // Divides the CP949 word under the caller's mode (the context code of the
   // noun analysis: 1 best row only, 2..4 josa readings at the end, 3 stored
   // proper-noun division, 4 stored user-noun division, 10 no josa row).
-  // Returns output, valid until the next call.
-  const char* Divide(const char* word, int divideMode);
+  // startHits, when given, are the caller's SearchAll of every word at the
+  // start of this very word (short ones included); the walk takes its first
+  // hits from them. Returns output, valid until the next call.
+  const char* Divide(const char* word, int divideMode,
+                     const std::vector<SearchInfo>* startHits = nullptr);
   // Score of the row that gave group k of the last output; 0.0 for none.
   double GetPatternScore(int k) const;
 
@@ -101,9 +104,10 @@ class NounDivider {
   void PrintIndexWords();
 
   // ---- The steps, public so that a reader (or a test) can drive them ----
-  // Stores word, collects its hits and walks, weighs, deduplicates and
-  // scores the rows. Returns the number of live rows.
-  int Enumerate(const char* text);
+  // Stores word, collects its hits (startHits as for Divide) and walks,
+  // weighs, deduplicates and scores the rows. Returns the number of live rows.
+  int Enumerate(const char* text,
+                const std::vector<SearchInfo>* startHits = nullptr);
   // Recursive search of divisions into rows; returns rowCount.
   int Walk(int row, int hit, int pos);
   // Sets element pos of row to letter over `bytes` bytes with its default

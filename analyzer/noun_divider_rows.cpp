@@ -38,14 +38,24 @@ jeInfo JosaReading(const Dictionary& d, const char* key, int32_t len) {
 
 }  // namespace
 
-int NounDivider::Enumerate(const char* text) {
+int NounDivider::Enumerate(const char* text,
+                           const std::vector<SearchInfo>* startHits) {
   ClearRows();
   if (text != word.CStr()) word = text != nullptr ? text : "";
   wordLength = word.Length();
   const char* w = word.CStr();
   hits.clear();
   for (int32_t off = 0; off < wordLength; off += 2) {
-    dictionary->SearchAll(w, hits, wordLength, off, 1, 0, 0, 0);
+    if (off == 0 && startHits != nullptr) {
+      // The nouns of two syllables or more, as the search below keeps them.
+      for (const SearchInfo& h : *startHits) {
+        if ((h.info.bits & Dictionary::kNounOnlyBits) != 0 && h.end >= 3) {
+          hits.push_back(h);
+        }
+      }
+    } else {
+      dictionary->SearchAll(w, hits, wordLength, off, 1, 0, 0, 0);
+    }
     if (hits.size() >= static_cast<size_t>(kMaxDivHits)) break;
   }
   if (hits.size() > static_cast<size_t>(kMaxDivHits)) hits.resize(kMaxDivHits);

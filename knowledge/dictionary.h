@@ -85,6 +85,8 @@ class Dictionary : public QR_Knowledge {
   int SearchMain(const char* key, SearchInfo& si, int32_t len = 0) const;
   int SearchMain(const spr::stdstyle::string<char>& key, SearchInfo& si,
                  int32_t len = 0) const;
+  // Bits of the words that SearchAll keeps when asked for nouns only.
+  static constexpr uint32_t kNounOnlyBits = 0x1 | 0x4 | 0x400 | 0x20 | 0x8 | 0x40;
   // Appends every word that starts at `start` and ends before `len` (an end
   // position in key) to results, in increasing end. Returns results.size().
   int SearchAll(const char* key, std::vector<SearchInfo>& results,

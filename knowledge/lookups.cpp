@@ -102,10 +102,7 @@ int Dictionary::SearchAll(const char* key, std::vector<SearchInfo>& results,
       }
       if (plain) continue;
     }
-    if (nounOnly == 1 && (info.bits & (0x1 | 0x4 | 0x400 | 0x20 | 0x8 |
-                                       0x40)) == 0) {
-      continue;
-    }
+    if (nounOnly == 1 && (info.bits & kNounOnlyBits) == 0) continue;
     if (allowShort == 0 && i + 1 - start < (foreignOnly == 1 ? 2 : 3)) {
       continue;
     }
