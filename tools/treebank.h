@@ -286,11 +286,23 @@ inline SentenceText BuildText(const std::vector<Token>& tokens) {
   return s;
 }
 
+// True when the whole of `cp949` is a key with a josa reading.
+inline bool IsJosaKey(const Dictionary& dic, const std::string& cp949) {
+  SearchJEInfo sjei;
+  int length = dic.SearchJE(cp949.c_str(), sjei, static_cast<int32_t>(cp949.size()));
+  jeInfo josa;
+  return length == static_cast<int>(cp949.size()) &&
+         dic.GetJEInfo(josa, sjei, 0).text != nullptr;
+}
+
 // Splits a josa the analyzer returns glued (에서도: the chain 에서 + 도) into
 // the josa keys it is made of, longest key first; unchanged when it is not
-// such a chain.
+// such a chain. A key that is a josa and the genitive 의 (에서의, 과의: one
+// key, since 의 chains to nothing) is cut before its 의, as the treebanks
+// write it.
 inline std::vector<std::string> JosaParts(const Dictionary& dic,
                                           const std::string& cp949) {
+  static const std::string kGenitive = ToCp949("의");
   std::vector<std::string> parts;
   size_t pos = 0;
   while (pos < cp949.size()) {
@@ -301,7 +313,14 @@ inline std::vector<std::string> JosaParts(const Dictionary& dic,
     if (length <= 0 || dic.GetJEInfo(josa, sjei, 0).text == nullptr) {
       return {cp949};
     }
-    parts.push_back(cp949.substr(pos, length));
+    std::string part = cp949.substr(pos, length);
+    size_t head = part.size() - kGenitive.size();
+    if (part.size() > kGenitive.size() && part.compare(head, kGenitive.size(), kGenitive) == 0 &&
+        IsJosaKey(dic, part.substr(0, head))) {
+      parts.push_back(part.substr(0, head));
+      part = kGenitive;
+    }
+    parts.push_back(part);
     pos += length;
   }
   return parts;

@@ -79,7 +79,7 @@ TEST_F(KnowledgeEntries, JosaCarryTheirTagsAndAttachRules) {
 TEST_F(KnowledgeEntries, JosaChainsEndInAuxiliaryJosa) {
   // 에서도 is no key of its own: the split search finds 에서 and then the
   // chainable 도; 까지는, 에게만 likewise.
-  for (const char* chain : {"에서도", "까지는", "에게만", "으로부터"}) {
+  for (const char* chain : {"에서도", "까지는", "에게만", "으로부터는"}) {
     std::string text = Cp949(chain);
     Quorel::SearchJEInfo first;
     int length = dic->SearchJE(text.c_str(), first);

@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "gtest/gtest.h"
+#include "knowledge/dictionary.h"
+#include "knowledge_base/kb_helpers.h"
 
 namespace {
 
@@ -91,6 +93,28 @@ TEST(GoldOfToken, AKaistNumeralInDigitsIsANumber) {
   // A numeral in letters stays a noun, and the Sejong tags are as they were.
   EXPECT_EQ(Gold("하나+에", "nnc+jca"), "하나/N+에/J");
   EXPECT_EQ(Gold("3+개", "SN+NNB"), "3/SN+개/N");
+}
+
+TEST(JosaParts, AGluedChainIsCutIntoItsKeys) {
+  Quorel::Dictionary dic(false);
+  ASSERT_EQ(dic.LoadKnowledge(kbtest::CoreKnowledgeDir().c_str(), false, true), 1);
+  auto parts = [&](const std::string& josa) {
+    std::string joined;
+    for (const std::string& p : Quorel::treebank::JosaParts(dic, kbtest::Cp949(josa))) {
+      joined += (joined.empty() ? "" : "+") + kbtest::Utf8(p);
+    }
+    return joined;
+  };
+  EXPECT_EQ(parts("에서도"), "에서+도");
+  EXPECT_EQ(parts("까지는"), "까지+는");
+  // A josa and the genitive stored as one key are two morphemes.
+  EXPECT_EQ(parts("과의"), "과+의");
+  EXPECT_EQ(parts("에서의"), "에서+의");
+  EXPECT_EQ(parts("로부터의"), "로부터+의");
+  // One josa stays whole; so does a text that is no chain of keys.
+  EXPECT_EQ(parts("으로부터"), "으로부터");
+  EXPECT_EQ(parts("의"), "의");
+  EXPECT_EQ(parts("학교"), "학교");
 }
 
 }  // namespace

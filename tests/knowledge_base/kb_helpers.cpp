@@ -1,6 +1,7 @@
 #include "knowledge_base/kb_helpers.h"
 
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -13,8 +14,10 @@
 namespace kbtest {
 
 std::string FreshDir(const std::string& name) {
-  std::filesystem::path dir =
-      std::filesystem::path(testing::TempDir()) / ("kb_" + name);
+  // One folder per process: ctest runs the tests of this suite side by side,
+  // each in a process of its own, and none may clear another's directory.
+  std::filesystem::path dir = std::filesystem::path(testing::TempDir()) /
+                              ("kb_" + std::to_string(getpid())) / name;
   std::filesystem::remove_all(dir);
   std::filesystem::create_directories(dir);
   return dir.string();
