@@ -35,11 +35,7 @@ TEST(DerivedPredicates, NounPlusSuffixIsStoredAsTheNoun) {
   }
   std::string out = kbtest::FreshDir("derived_out");
   std::string errors;
-  ASSERT_EQ(kbtest::Run(std::string("python3 ") + QRLSL_SOURCE_DIR +
-                            "/tools/build_knowledge.py --no-hunspell --src " + src +
-                            " --out " + out,
-                        &errors),
-            0)
+  ASSERT_EQ(kbtest::BuildKnowledge("--no-hunspell --src " + src + " --out " + out, &errors), 0)
       << errors;
   // One-syllable bases (통하, 말하) and 아/어 forms before 하 stay whole.
   EXPECT_EQ(Lines(out + "/vv.dic"),
@@ -62,13 +58,9 @@ TEST(RemovedWords, ABangLineTakesAWordOutOfEveryListOfItsFile) {
   std::string data = std::string(QRLSL_TEST_DATA_DIR) + "/knowledge_base";
   std::string out = kbtest::FreshDir("removed_out");
   std::string errors;
-  ASSERT_EQ(kbtest::Run(std::string("python3 ") + QRLSL_SOURCE_DIR +
-                            "/tools/build_knowledge.py --src " + src + " --out " + out +
-                            " --hunspell-dic " + data + "/sample.dic --hunspell-aff " +
-                            data + "/sample.aff",
-                        &errors),
-            0)
-      << errors;
+  std::string arguments = "--src " + src + " --out " + out + " --hunspell-dic " + data +
+                          "/sample.dic --hunspell-aff " + data + "/sample.aff";
+  ASSERT_EQ(kbtest::BuildKnowledge(arguments, &errors), 0) << errors;
   std::set<std::string> va = Lines(out + "/va.dic");
   EXPECT_EQ(va.count("가깝\tㅂ"), 0u);
   EXPECT_EQ(va.count("기쁘"), 1u);
@@ -82,22 +74,13 @@ TEST(RemovedWords, ABangLineTakesAWordOutOfEveryListOfItsFile) {
   for (const std::string& line : nng) EXPECT_NE(line[0], '!') << line;
 
   std::ofstream(src + "/va.dic") << "!가깝\n!\n";  // a bang without its word
-  EXPECT_EQ(kbtest::Run(std::string("python3 ") + QRLSL_SOURCE_DIR +
-                            "/tools/build_knowledge.py --no-hunspell --src " + src +
-                            " --out " + kbtest::FreshDir("removed_bad"),
-                        &errors),
-            1);
+  std::string bad = kbtest::FreshDir("removed_bad");
+  EXPECT_EQ(kbtest::BuildKnowledge("--no-hunspell --src " + src + " --out " + bad, &errors), 1);
   EXPECT_NE(errors.find("va.dic:2: a word to remove"), std::string::npos) << errors;
 }
 
-class CoreAnalysis : public testing::Test {
+class CoreAnalysis : public kbtest::CoreKnowledgeSuite {
  protected:
-  static void SetUpTestSuite() {
-    dic = new Quorel::Dictionary(false);
-    dic->LoadKnowledge(kbtest::CoreKnowledgeDir().c_str(), false, true);
-    dic->LoadPreAnalysis(kbtest::CoreKnowledgeDir().c_str(), "preanal.sys.dic", true);
-  }
-  static void TearDownTestSuite() { delete dic; }
 
   // Every candidate of the one eojul `word`, as lexicon/TAG+... in UTF-8.
   static std::set<std::string> Candidates(const std::string& word) {
@@ -117,10 +100,7 @@ class CoreAnalysis : public testing::Test {
     }
     return out;
   }
-
-  static Quorel::Dictionary* dic;
 };
-Quorel::Dictionary* CoreAnalysis::dic = nullptr;
 
 TEST_F(CoreAnalysis, EndingsFollowPrefinalEndings) {
   EXPECT_EQ(Candidates("먹었습니다").count("먹/VV+었/EP+습니다/EM"), 1u);

@@ -23,14 +23,8 @@ constexpr unsigned kEM = 0x00400600, kEP = 0x00402000, kETM = 0x00400800;
 constexpr unsigned kETN = 0x00401000, kJ = 0x00800000, kJX = 0x00800004;
 constexpr unsigned kJKG = 0x00800002;
 
-class KnowledgeEntries : public testing::Test {
+class KnowledgeEntries : public kbtest::CoreKnowledgeSuite {
  protected:
-  static void SetUpTestSuite() {
-    dic = new Quorel::Dictionary(false);
-    dic->LoadKnowledge(kbtest::CoreKnowledgeDir().c_str(), false, true);
-    dic->LoadPreAnalysis(kbtest::CoreKnowledgeDir().c_str(), "preanal.sys.dic", true);
-  }
-  static void TearDownTestSuite() { delete dic; }
 
   // The reading of class `type` (GetJEInfo's numbering) of the whole key.
   static Quorel::jeInfo Reading(const std::string& key, int type) {
@@ -49,10 +43,7 @@ class KnowledgeEntries : public testing::Test {
     return si;
   }
   static bool Has(unsigned bits, unsigned tag) { return (bits & tag) == tag; }
-
-  static Quorel::Dictionary* dic;
 };
-Quorel::Dictionary* KnowledgeEntries::dic = nullptr;
 
 TEST_F(KnowledgeEntries, JosaCarryTheirTagsAndAttachRules) {
   Quorel::jeInfo eseo = Reading("에서", 0);

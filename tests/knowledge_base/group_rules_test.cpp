@@ -28,17 +28,14 @@ size_t RuleLines(const std::string& path) {
   return count;
 }
 
-class GroupRules : public testing::Test {
+class GroupRules : public kbtest::CoreKnowledgeSuite {
  protected:
   static void SetUpTestSuite() {
-    dic = new Quorel::Dictionary(false);
-    dic->LoadKnowledge(kbtest::CoreKnowledgeDir().c_str(), false, true);
+    CoreKnowledgeSuite::SetUpTestSuite();
     testing::internal::CaptureStderr();
     loaded = dic->LoadGroupRules(kbtest::CoreKnowledgeDir().c_str());
     messages = testing::internal::GetCapturedStderr();
   }
-  static void TearDownTestSuite() { delete dic; }
-
   // The tag of the first morpheme of each eojul after tagging `text`.
   static std::string FirstTags(const std::string& text, int mode) {
     std::unique_ptr<Quorel::QR_Analyzer> analyzer(Quorel::CreateAnalyzer(dic));
@@ -54,11 +51,9 @@ class GroupRules : public testing::Test {
     return out;
   }
 
-  static Quorel::Dictionary* dic;
   static int loaded;
   static std::string messages;
 };
-Quorel::Dictionary* GroupRules::dic = nullptr;
 int GroupRules::loaded = 0;
 std::string GroupRules::messages;
 
@@ -92,11 +87,8 @@ TEST(GroupRuleSource, AMalformedRuleFailsTheBuildAndIsNamed) {
     std::ofstream(src + "/sinfo/erule.klg") << "있다\t1\n있다\tx\n";
   }
   std::string errors;
-  EXPECT_EQ(kbtest::Run(std::string("python3 ") + QRLSL_SOURCE_DIR +
-                            "/tools/build_knowledge.py --no-hunspell --src " + src +
-                            " --out " + kbtest::FreshDir("grule_out"),
-                        &errors),
-            1);
+  std::string out = kbtest::FreshDir("grule_out");
+  EXPECT_EQ(kbtest::BuildKnowledge("--no-hunspell --src " + src + " --out " + out, &errors), 1);
   EXPECT_EQ(errors.find("grule.klg:1:"), std::string::npos) << errors;
   EXPECT_NE(errors.find("grule.klg:2: a rule has one pattern marked with @"),
             std::string::npos) << errors;

@@ -31,17 +31,34 @@ int Run(const std::string& command, std::string* errors) {
   return WEXITSTATUS(status);
 }
 
+int BuildKnowledge(const std::string& arguments, std::string* errors) {
+  return Run(std::string("python3 ") + QRLSL_SOURCE_DIR + "/tools/build_knowledge.py " +
+                 arguments,
+             errors);
+}
+
 const std::string& CoreKnowledgeDir() {
   static const std::string dir = [] {
     std::string out = FreshDir("core");
     std::string errors;
-    int status = Run(std::string("python3 ") + QRLSL_SOURCE_DIR +
-                         "/tools/build_knowledge.py --no-hunspell --out " + out,
-                     &errors);
+    int status = BuildKnowledge("--no-hunspell --out " + out, &errors);
     EXPECT_EQ(status, 0) << errors;
     return out;
   }();
   return dir;
+}
+
+Quorel::Dictionary* CoreKnowledgeSuite::dic = nullptr;
+
+void CoreKnowledgeSuite::SetUpTestSuite() {
+  dic = new Quorel::Dictionary(false);
+  dic->LoadKnowledge(CoreKnowledgeDir().c_str(), false, true);
+  dic->LoadPreAnalysis(CoreKnowledgeDir().c_str(), "preanal.sys.dic", true);
+}
+
+void CoreKnowledgeSuite::TearDownTestSuite() {
+  delete dic;
+  dic = nullptr;
 }
 
 }  // namespace kbtest

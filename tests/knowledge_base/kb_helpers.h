@@ -6,6 +6,8 @@
 #include <string>
 
 #include "common/test_support.h"
+#include "gtest/gtest.h"
+#include "knowledge/dictionary.h"
 
 namespace kbtest {
 
@@ -21,6 +23,17 @@ using Quorel::testsupport::Utf8;
 // The knowledge directory that tools/build_knowledge.py makes from
 // knowledge-src/ without the Hunspell lists, built once per run.
 const std::string& CoreKnowledgeDir();
+// Runs tools/build_knowledge.py with `arguments`; as Run.
+int BuildKnowledge(const std::string& arguments, std::string* errors);
+
+// A suite over the core knowledge, loaded once per suite with its
+// pre-analysis into `dic`.
+class CoreKnowledgeSuite : public testing::Test {
+ protected:
+  static void SetUpTestSuite();
+  static void TearDownTestSuite();
+  static Quorel::Dictionary* dic;
+};
 
 }  // namespace kbtest
 
