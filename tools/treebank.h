@@ -7,6 +7,7 @@
 #ifndef QRLSL_TOOLS_TREEBANK_H_
 #define QRLSL_TOOLS_TREEBANK_H_
 
+#include <algorithm>
 #include <cctype>
 #include <cstring>
 #include <fstream>
@@ -295,14 +296,22 @@ inline bool IsJosaKey(const Dictionary& dic, const std::string& cp949) {
          dic.GetJEInfo(josa, sjei, 0).text != nullptr;
 }
 
-// Splits a josa the analyzer returns glued (에서도: the chain 에서 + 도) into
-// the josa keys it is made of, longest key first; unchanged when it is not
-// such a chain. A key that is a josa and the genitive 의 (에서의, 과의: one
-// key, since 의 chains to nothing) is cut before its 의, as the treebanks
-// write it.
+// Splits a josa the analyzer returns glued into the josa it is made of, as
+// the treebanks write them: a chain of keys (에서 + 도), longest key first,
+// and a key that is itself a chain cut before its last josa: a josa of two
+// syllables or more and a JX, 와 or the like behind it (에서도, 에서처럼),
+// or any josa and the genitive (과의). 으로부터 is one josa, and so are
+// the keys of a one-syllable josa and a JX (이나, 로부터). Unchanged when the
+// text is no josa at all.
 inline std::vector<std::string> JosaParts(const Dictionary& dic,
                                           const std::string& cp949) {
+  static const std::vector<std::string> kLast = {
+      ToCp949("는"), ToCp949("은"), ToCp949("도"), ToCp949("만"), ToCp949("의"),
+      ToCp949("와"), ToCp949("과"), ToCp949("까지"), ToCp949("부터"),
+      ToCp949("처럼"), ToCp949("보다"), ToCp949("조차"), ToCp949("마저"),
+      ToCp949("라도"), ToCp949("나"), ToCp949("야"), ToCp949("요")};
   static const std::string kGenitive = ToCp949("의");
+  static const std::vector<std::string> kWhole = {ToCp949("으로부터")};
   std::vector<std::string> parts;
   size_t pos = 0;
   while (pos < cp949.size()) {
@@ -314,14 +323,20 @@ inline std::vector<std::string> JosaParts(const Dictionary& dic,
       return {cp949};
     }
     std::string part = cp949.substr(pos, length);
-    size_t head = part.size() - kGenitive.size();
-    if (part.size() > kGenitive.size() && part.compare(head, kGenitive.size(), kGenitive) == 0 &&
-        IsJosaKey(dic, part.substr(0, head))) {
-      parts.push_back(part.substr(0, head));
-      part = kGenitive;
+    pos += length;
+    if (std::find(kWhole.begin(), kWhole.end(), part) == kWhole.end()) {
+      for (const std::string& last : kLast) {
+        size_t head = part.size() - last.size();
+        if (part.size() > last.size() && part.compare(head, last.size(), last) == 0 &&
+            (head >= 4 || last == kGenitive) && IsJosaKey(dic, part.substr(0, head))) {
+          std::vector<std::string> front = JosaParts(dic, part.substr(0, head));
+          parts.insert(parts.end(), front.begin(), front.end());
+          part = last;
+          break;
+        }
+      }
     }
     parts.push_back(part);
-    pos += length;
   }
   return parts;
 }

@@ -130,6 +130,15 @@ TEST_F(CoreAnalysis, TheQuotativeJosaIsNoKeyBehindANoun) {
   EXPECT_EQ(Candidates("고").count("고/J_"), 1u);
 }
 
+TEST_F(CoreAnalysis, AnUnknownNounIsCutFromALongCaseJosa) {
+  // The long case josa carry bit 20, so that the driver reads the noun
+  // before them; their chains with a JX are keys of their own.
+  EXPECT_EQ(Candidates("쿠팡에서").count("쿠팡/NNR+에서/J_"), 1u);
+  EXPECT_EQ(Candidates("쿠팡으로").count("쿠팡/NNR+으로/J_"), 1u);
+  EXPECT_EQ(Candidates("학교에서도").count("학교/NNG+에서도/J_"), 1u);
+  EXPECT_EQ(Candidates("친구에게만").count("친구/NNG+에게만/J_"), 1u);
+}
+
 TEST_F(CoreAnalysis, DerivedPredicatesReadTheirSuffix) {
   std::set<std::string> clean = Candidates("깨끗한");
   EXPECT_EQ(clean.count("깨끗/NNG+하/XSD+ㄴ/ETM"), 1u);

@@ -111,8 +111,14 @@ TEST(JosaParts, AGluedChainIsCutIntoItsKeys) {
   EXPECT_EQ(parts("과의"), "과+의");
   EXPECT_EQ(parts("에서의"), "에서+의");
   EXPECT_EQ(parts("로부터의"), "로부터+의");
+  // Chains stored as one key are cut before their last josa.
+  EXPECT_EQ(parts("에서부터"), "에서+부터");
+  EXPECT_EQ(parts("으로는"), "으로+는");
+  EXPECT_EQ(parts("에서부터는"), "에서+부터+는");
   // One josa stays whole; so does a text that is no chain of keys.
   EXPECT_EQ(parts("으로부터"), "으로부터");
+  EXPECT_EQ(parts("로부터"), "로부터");
+  EXPECT_EQ(parts("이나"), "이나");
   EXPECT_EQ(parts("의"), "의");
   EXPECT_EQ(parts("학교"), "학교");
 }
