@@ -68,9 +68,9 @@ TEST_F(KnowledgeEntries, JosaCarryTheirTagsAndAttachRules) {
 }
 
 TEST_F(KnowledgeEntries, JosaChainsEndInAuxiliaryJosa) {
-  // 까지는 is no key of its own: the split search finds 까지 and then the
+  // 에는 is no key of its own: the split search finds 에 and then the
   // chainable 는; 에도, 로도, 으로부터는 likewise.
-  for (const char* chain : {"까지는", "에도", "로도", "으로부터는"}) {
+  for (const char* chain : {"에는", "에도", "로도", "으로부터는"}) {
     std::string text = Cp949(chain);
     Quorel::SearchJEInfo first;
     int length = dic->SearchJE(text.c_str(), first);
@@ -85,10 +85,10 @@ TEST_F(KnowledgeEntries, JosaChainsEndInAuxiliaryJosa) {
     EXPECT_EQ(second.jeti.bits & 0x4, 0x4u) << chain;
   }
   // A long case josa starts no chain (bit 20); its chains are whole keys.
-  for (const char* josa : {"에서", "으로", "에게"}) {
+  for (const char* josa : {"에서", "으로", "에게", "까지"}) {
     EXPECT_EQ(Reading(josa, 0).attach & 0x20, 0x20) << josa;
   }
-  for (const char* chain : {"에서도", "으로는", "에게만", "에서부터"}) {
+  for (const char* chain : {"에서도", "으로는", "에게만", "에서부터", "까지는"}) {
     EXPECT_EQ(Text(Reading(chain, 0)), chain) << chain;
   }
 }
