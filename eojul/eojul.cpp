@@ -56,27 +56,120 @@ Eojul::Eojul(const Eojul& other) : Eojul(InlineStorage{}) {
   minNumberLength = other.minNumberLength;
 }
 
-Eojul::~Eojul() { FreeArrays(); }
-
-void Eojul::FreeArrays() {
-  if (capacity <= kInlineCapacity) return;
-  delete[] text;
-  delete[] morphemes;
-  delete[] candidates;
-  delete[] scores;
-  delete[] startOffsets;
-  delete[] endOffsets;
+Eojul::Eojul(Eojul&& other) noexcept : Eojul(InlineStorage{}) {
+  Initialize(false);
+  spareCapacity = other.spareCapacity;
+  spareText = other.spareText;
+  spareMorphemes = other.spareMorphemes;
+  spareCandidates = other.spareCandidates;
+  spareScores = other.spareScores;
+  spareStarts = other.spareStarts;
+  spareEnds = other.spareEnds;
+  other.spareCapacity = 0;
+  if (other.heapCapacity == 0) {
+    CopyFrom(other);
+  } else {
+    UseArrays(other.capacity, other.text, other.morphemes, other.candidates,
+              other.scores, other.startOffsets, other.endOffsets);
+    heapCapacity = other.heapCapacity;
+    AdoptCounts(other);
+    other.heapCapacity = 0;
+    other.UseArrays(kInlineCapacity, other.inlineText, other.inlineMorphemes,
+                    other.inlineCandidates, other.inlineScores,
+                    other.inlineStartOffsets, other.inlineEndOffsets);
+  }
+  other.Initialize(false);
+  indexMask = other.indexMask;
+  minForeignLength = other.minForeignLength;
+  minNumberLength = other.minNumberLength;
 }
 
-// Replaces the six arrays by zeroed ones for `newCapacity`, keeping the old
-// contents when copyOld.
+void Eojul::BecomeCopyOf(const Eojul& other) {
+  if (this == &other) return;
+  Initialize(true);
+  if (other.capacity > kInlineCapacity) AllocateArrays(other.capacity, false);
+  Initialize(false);
+  CopyFrom(other);
+  indexMask = other.indexMask;
+  minForeignLength = other.minForeignLength;
+  minNumberLength = other.minNumberLength;
+  keepCase = false;
+  numberPunctuation = false;
+}
+
+Eojul::~Eojul() {
+  ReleaseArrays();
+  FreeSpare();
+}
+
+void Eojul::FreeSpare() {
+  if (spareCapacity == 0) return;
+  delete[] spareText;
+  delete[] spareMorphemes;
+  delete[] spareCandidates;
+  delete[] spareScores;
+  delete[] spareStarts;
+  delete[] spareEnds;
+  spareCapacity = 0;
+}
+
+void Eojul::ReleaseArrays() {
+  if (heapCapacity == 0) return;
+  if (heapCapacity > spareCapacity) {
+    FreeSpare();
+    spareCapacity = heapCapacity;
+    spareText = text;
+    spareMorphemes = morphemes;
+    spareCandidates = candidates;
+    spareScores = scores;
+    spareStarts = startOffsets;
+    spareEnds = endOffsets;
+  } else {
+    delete[] text;
+    delete[] morphemes;
+    delete[] candidates;
+    delete[] scores;
+    delete[] startOffsets;
+    delete[] endOffsets;
+  }
+  heapCapacity = 0;
+  UseArrays(kInlineCapacity, inlineText, inlineMorphemes, inlineCandidates,
+            inlineScores, inlineStartOffsets, inlineEndOffsets);
+}
+
+// Replaces the six arrays by zeroed ones for `newCapacity` (the spare blocks
+// when they are large enough), keeping the old contents when copyOld.
 void Eojul::AllocateArrays(uint32_t newCapacity, bool copyOld) {
-  char* newText = new char[newCapacity]();
-  uint32_t* newMorphemes = new uint32_t[MorphemeSlots(newCapacity)]();
-  uint32_t* newCandidates = new uint32_t[CandidateSlots(newCapacity)]();
-  double* newScores = new double[CandidateSlots(newCapacity)]();
-  int16_t* newStarts = new int16_t[MorphemeSlots(newCapacity)]();
-  int16_t* newEnds = new int16_t[MorphemeSlots(newCapacity)]();
+  char* newText;
+  uint32_t* newMorphemes;
+  uint32_t* newCandidates;
+  double* newScores;
+  int16_t* newStarts;
+  int16_t* newEnds;
+  uint32_t newHeapCapacity = newCapacity;
+  if (spareCapacity >= newCapacity) {
+    newHeapCapacity = spareCapacity;
+    newText = spareText;
+    newMorphemes = spareMorphemes;
+    newCandidates = spareCandidates;
+    newScores = spareScores;
+    newStarts = spareStarts;
+    newEnds = spareEnds;
+    spareCapacity = 0;
+    std::memset(newText, 0, newCapacity);
+    std::memset(newMorphemes, 0, MorphemeSlots(newCapacity) * sizeof(uint32_t));
+    std::memset(newCandidates, 0, CandidateSlots(newCapacity) * sizeof(uint32_t));
+    std::memset(newScores, 0, CandidateSlots(newCapacity) * sizeof(double));
+    std::memset(newStarts, 0, MorphemeSlots(newCapacity) * sizeof(int16_t));
+    std::memset(newEnds, 0, MorphemeSlots(newCapacity) * sizeof(int16_t));
+  } else {
+    newText = new char[newCapacity]();
+    newMorphemes = new uint32_t[MorphemeSlots(newCapacity)]();
+    newCandidates = new uint32_t[CandidateSlots(newCapacity)]();
+    newScores = new double[CandidateSlots(newCapacity)]();
+    newStarts = new int16_t[MorphemeSlots(newCapacity)]();
+    newEnds = new int16_t[MorphemeSlots(newCapacity)]();
+  }
   if (copyOld) {
     CopyPrefix(newText, text, capacity);
     CopyPrefix(newMorphemes, morphemes, MorphemeSlots(capacity));
@@ -85,9 +178,10 @@ void Eojul::AllocateArrays(uint32_t newCapacity, bool copyOld) {
     CopyPrefix(newStarts, startOffsets, MorphemeSlots(capacity));
     CopyPrefix(newEnds, endOffsets, MorphemeSlots(capacity));
   }
-  FreeArrays();
+  ReleaseArrays();
   UseArrays(newCapacity, newText, newMorphemes, newCandidates, newScores,
             newStarts, newEnds);
+  heapCapacity = newHeapCapacity;
 }
 
 void Eojul::UseArrays(uint32_t newCapacity, char* newText,
@@ -129,11 +223,7 @@ void Eojul::Initialize(bool releaseMemory) {
   scorePos = 1;
   offset = -1;
   offsetCount = 0;
-  if (releaseMemory && capacity > kInlineCapacity) {
-    FreeArrays();
-    UseArrays(kInlineCapacity, inlineText, inlineMorphemes, inlineCandidates,
-              inlineScores, inlineStartOffsets, inlineEndOffsets);
-  }
+  if (releaseMemory && capacity > kInlineCapacity) ReleaseArrays();
   text[0] = 0;
   morphemes[0] = morphemes[1] = 0;
   candidates[0] = candidates[1] = candidates[2] = 0;
@@ -153,6 +243,11 @@ void Eojul::CopyFrom(const Eojul& other) {
   CopyPrefix(scores, other.scores, other.scorePos);
   CopyPrefix(startOffsets, other.startOffsets, other.offsetCount);
   CopyPrefix(endOffsets, other.endOffsets, other.offsetCount);
+  AdoptCounts(other);
+}
+
+void Eojul::AdoptCounts(const Eojul& other) {
+  if (other.textUsed == 0) text[0] = 0;
   textUsed = other.textUsed;
   morphemeUsed = other.morphemeUsed;
   candidatePos = other.candidatePos;

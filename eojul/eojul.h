@@ -10,7 +10,9 @@
 //   startOffsets, endOffsets  per-morpheme offsets of the offset pass
 //
 // An Eojul of up to 256 text bytes lives in its inline areas; beyond that all
-// arrays double together (Grow). Candidates are appended and never moved;
+// arrays double together (Grow). Initialize(true) returns to the inline areas
+// but keeps the largest heap blocks it let go of, and the next Grow takes them
+// again, so a warm Eojul no longer allocates. Candidates are appended and never moved;
 // SelectTop narrows a view through `order`. A candidate closed without
 // morphemes leaves the count one too high (a phantom with no morphemes);
 // readers and analyzers tolerate it. One caller at a time.
@@ -49,6 +51,9 @@ class Eojul : public QR_Eojul {
   // Copies the used part; the copy shows all candidates (not narrowed) and
   // has keepCase and numberPunctuation off.
   Eojul(const Eojul& other);
+  // The same as the copy, but takes other's heap blocks instead of
+  // allocating; other is left cleared.
+  Eojul(Eojul&& other) noexcept;
   Eojul& operator=(const Eojul&) = delete;
   ~Eojul() override;
 
@@ -71,6 +76,9 @@ class Eojul : public QR_Eojul {
   // shrinks) and copies the used parts and the offset; leaves the view,
   // the index mask and the minima as they are.
   void CopyFrom(const Eojul& other);
+  // Becomes what the copy constructor makes of other, in this object's
+  // storage: a recycled Eojul allocates only beyond the blocks it holds.
+  void BecomeCopyOf(const Eojul& other);
 
   // Initialize(true), then stores the surface and its type bits.
   void SetText(const char* surface, unsigned type);
@@ -132,7 +140,11 @@ class Eojul : public QR_Eojul {
   explicit Eojul(InlineStorage);
 
   void AllocateArrays(uint32_t newCapacity, bool copyOld);
-  void FreeArrays();
+  // Lets go of the heap arrays in use (kept as spare when the larger), back
+  // to the inline areas.
+  void ReleaseArrays();
+  // Frees the spare blocks.
+  void FreeSpare();
   // Points the six arrays at the given storage of `newCapacity`.
   void UseArrays(uint32_t newCapacity, char* newText, uint32_t* newMorphemes,
                  uint32_t* newCandidates, double* newScores,
@@ -146,6 +158,9 @@ class Eojul : public QR_Eojul {
   // Morpheme number of (candidate, morpheme) under the readers' rules.
   bool Locate(int candidate, int morpheme, uint32_t& number);
   void AddCandidateFrom(const Eojul& source, uint32_t k);
+  // The used counts, offset and end marks of other, whose used parts are
+  // already in our arrays.
+  void AdoptCounts(const Eojul& other);
   void AddSurfaceOf(const Eojul& source, unsigned pos);
 
   char inlineText[kInlineCapacity];
@@ -170,6 +185,16 @@ class Eojul : public QR_Eojul {
   int16_t* startOffsets;
   int16_t* endOffsets;
   uint32_t offsetCount;
+  // Size of the heap arrays in use, which may exceed capacity (0: inline).
+  uint32_t heapCapacity = 0;
+  // Heap arrays kept for reuse: their size (0: none) and the six blocks.
+  uint32_t spareCapacity = 0;
+  char* spareText = nullptr;
+  uint32_t* spareMorphemes = nullptr;
+  uint32_t* spareCandidates = nullptr;
+  double* spareScores = nullptr;
+  int16_t* spareStarts = nullptr;
+  int16_t* spareEnds = nullptr;
 };
 
 }  // namespace Quorel
