@@ -338,6 +338,12 @@ class MAnalyzer : public QR_Analyzer {
   // division (the driver divides an unknown word twice) reads the divider's
   // state as that division left it.
   const char* DivideNoun(const char* text, int mode);
+  // A run refills sentence in place: KeepInSentence copies e over element
+  // sentenceCount (or appends it), and EndSentence drops the elements left
+  // over from a longer sentence. Their storage is reused, so that a warm
+  // analyzer allocates nothing per token.
+  void KeepInSentence(const Eojul& e);
+  void EndSentence();
   // Tests fill the pending tables through this.
   friend struct NounAnalysisProbe;
 
@@ -352,6 +358,9 @@ class MAnalyzer : public QR_Analyzer {
   Tagger tagger;
   Eojul remainderEojul;
   std::vector<Eojul> sentence;
+  size_t sentenceCount = 0;  // elements of sentence that this run filled
+  // Eojuls dropped from earlier sentences, kept for their storage.
+  std::vector<Eojul> spareEojuls;
   StringEx line;
   std::string scanBuffer;  // the scanner's token under construction
   LevelRec levels[kLevelCount];

@@ -2,6 +2,8 @@
 // through the two-stage work eojul), and the flush of each token that the
 // scanner closes in RunWithString and RunFile. The two orders of the post
 // steps differ on purpose and are kept apart.
+#include <utility>
+
 #include "analyzer/m_analyzer.h"
 #include "eojul/tag_set.h"
 
@@ -80,16 +82,39 @@ void MAnalyzer::FlushToken(const char* token, unsigned type, int tokenStart) {
       (exOption & ExOption::kTaggingMode) == 0) {
     e.Print(Output(), rawOutput);
   }
-  if ((exOption & ExOption::kKeepSentence) != 0) sentence.push_back(e);
+  if ((exOption & ExOption::kKeepSentence) != 0) KeepInSentence(e);
   e.Initialize(true);
+}
+
+void MAnalyzer::KeepInSentence(const Eojul& e) {
+  if (sentenceCount < sentence.size()) {
+    sentence[sentenceCount].BecomeCopyOf(e);
+  } else if (!spareEojuls.empty()) {
+    sentence.push_back(std::move(spareEojuls.back()));
+    spareEojuls.pop_back();
+    sentence.back().BecomeCopyOf(e);
+  } else {
+    sentence.push_back(e);
+  }
+  ++sentenceCount;
+}
+
+void MAnalyzer::EndSentence() {
+  // Cleared first, an eojul moves as its blocks alone.
+  while (sentence.size() > sentenceCount) {
+    sentence.back().Initialize(true);
+    spareEojuls.push_back(std::move(sentence.back()));
+    sentence.pop_back();
+  }
 }
 
 int MAnalyzer::RunWithString(const char* text) {
   if (text == nullptr || text[0] == 0) return 1;
   if (eojul == nullptr) return 0;
   line = text;
-  sentence.clear();
+  sentenceCount = 0;
   ScanText(line.CStr(), line.Length());
+  EndSentence();
   return 1;
 }
 
@@ -99,8 +124,9 @@ int MAnalyzer::RunWithString(const char* text, const char* outputPath) {
 }
 
 void MAnalyzer::RunLine() {
-  sentence.clear();
+  sentenceCount = 0;
   ScanText(line.CStr(), line.Length());
+  EndSentence();
   if ((exOption & ExOption::kKeepSentence) != 0 &&
       (exOption & ExOption::kTaggingMode) != 0) {
     Tagging(0);
