@@ -1,6 +1,7 @@
 // The read-only lookups of the knowledge. Each walks with a cursor on its own
 // stack and copies records out; nothing is allocated but the growth of a
 // caller's result vector.
+#include <cstdint>
 #include <cstring>
 
 #include "knowledge/dictionary.h"
@@ -24,12 +25,10 @@ bool Dictionary::WalkKey(const QR_DaTrie& trie, const char* key, int32_t len,
                          TrieNode& node) {
   node.Reset();
   if (key == nullptr) return false;
-  // The key ends at len or at a NUL before it.
+  // The key ends at len (0: no limit) or at a NUL before it.
   if (len < 0) return false;
-  const int32_t n = static_cast<int32_t>(
-      len == 0 ? std::strlen(key) : strnlen(key, static_cast<size_t>(len)));
-  return trie.WalkBytes(reinterpret_cast<const unsigned char*>(key), n,
-                        node) != 0 &&
+  return trie.WalkBytes(reinterpret_cast<const unsigned char*>(key),
+                        len == 0 ? INT32_MAX : len, node) != 0 &&
          node.value != nullptr;
 }
 

@@ -66,8 +66,9 @@ class QR_DaTrie {
   // Clears node.value first and sets it when a whole key has been walked.
   // Inline: every lookup of the analyzer runs through this loop body.
   inline int Walk(unsigned char byte, TrieNode& node) const;
-  // Walks the len bytes of key as Walk would, but looks for a value only
-  // behind the last one. 1 when every byte had its transition, else 0.
+  // Walks the bytes of key up to len or a NUL before them as Walk would,
+  // but looks for a value only behind the last one. 1 when every byte had
+  // its transition, else 0.
   inline int WalkBytes(const unsigned char* key, int32_t len,
                        TrieNode& node) const;
 
@@ -175,10 +176,11 @@ inline int QR_DaTrie::Walk(unsigned char byte, TrieNode& node) const {
 
 inline int QR_DaTrie::WalkBytes(const unsigned char* key, int32_t len,
                                 TrieNode& node) const {
-  if (len <= 0) return 1;
+  if (len <= 0 || key[0] == 0) return 1;
   node.value = nullptr;
   if (bc == nullptr) return 0;
-  for (int32_t i = 0; i + 1 < len; ++i) {
+  int32_t i = 0;
+  for (; i + 1 < len && key[i + 1] != 0; ++i) {
     if (node.state < 1) {
       if (tail[-node.state] != key[i]) return 0;
       node.state -= 1;
@@ -189,7 +191,7 @@ inline int QR_DaTrie::WalkBytes(const unsigned char* key, int32_t len,
     const int32_t base = bc[t].base;
     node.state = base >= 0 ? t : base;
   }
-  return Walk(key[len - 1], node);
+  return Walk(key[i], node);
 }
 
 }  // namespace Quorel
