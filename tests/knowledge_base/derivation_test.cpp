@@ -139,6 +139,15 @@ TEST_F(CoreAnalysis, AnUnknownNounIsCutFromALongCaseJosa) {
   EXPECT_EQ(Candidates("친구에게만").count("친구/NNG+에게만/J_"), 1u);
 }
 
+TEST_F(CoreAnalysis, ASilentCopulaStandsOnlyBeforeItsEndings) {
+  // 다 and 면 follow a silent copula (친구다); 기에 and 고 need it written.
+  EXPECT_EQ(Candidates("친구다").count("친구/NNG+이/VC+다/EM"), 1u);
+  EXPECT_EQ(Candidates("학생이기에").count("학생/NNG+이/VC+기에/EM"), 1u);
+  for (const std::string& c : Candidates("위기에")) {
+    EXPECT_EQ(c.find("/VC"), std::string::npos) << c;
+  }
+}
+
 TEST_F(CoreAnalysis, DerivedPredicatesReadTheirSuffix) {
   std::set<std::string> clean = Candidates("깨끗한");
   EXPECT_EQ(clean.count("깨끗/NNG+하/XSD+ㄴ/ETM"), 1u);
