@@ -17,7 +17,7 @@ ctest --test-dir "$build" --output-on-failure -j"$(nproc)"
 
 # Quality on real text: the GSD dev treebank must stay above the floor the
 # team raises as the knowledge and the routes improve (skipped without it).
-QRLSL_EVAL_FLOOR=${QRLSL_EVAL_FLOOR:-0.868} scripts/eval.sh "$root/build-eval"
+QRLSL_EVAL_FLOOR=${QRLSL_EVAL_FLOOR:-0.87} scripts/eval.sh "$root/build-eval"
 
 if [ "${QRLSL_HARDENING:-1}" != 0 ]; then
   scripts/hardening.sh
