@@ -47,41 +47,21 @@ Eojul::Eojul(unsigned size) : Eojul(InlineStorage{}) {
 
 // A copy fills only what the source used (the readers never look past
 // that), and reserves no view: the sentence vector makes many of them.
-Eojul::Eojul(const Eojul& other) : Eojul(InlineStorage{}) {
-  if (other.capacity > kInlineCapacity) AllocateArrays(other.capacity, false);
-  Initialize(false);
-  CopyFrom(other);
-  indexMask = other.indexMask;
-  minForeignLength = other.minForeignLength;
-  minNumberLength = other.minNumberLength;
-}
+Eojul::Eojul(const Eojul& other) : Eojul(InlineStorage{}) { BecomeCopyOf(other); }
 
 Eojul::Eojul(Eojul&& other) noexcept : Eojul(InlineStorage{}) {
-  Initialize(false);
-  spareCapacity = other.spareCapacity;
-  spareText = other.spareText;
-  spareMorphemes = other.spareMorphemes;
-  spareCandidates = other.spareCandidates;
-  spareScores = other.spareScores;
-  spareStarts = other.spareStarts;
-  spareEnds = other.spareEnds;
-  other.spareCapacity = 0;
+  spare = other.spare;
+  other.spare = Blocks();
   if (other.heapCapacity == 0) {
-    CopyFrom(other);
+    BecomeCopyOf(other);
   } else {
-    UseArrays(other.capacity, other.text, other.morphemes, other.candidates,
-              other.scores, other.startOffsets, other.endOffsets);
-    heapCapacity = other.heapCapacity;
+    Initialize(false);
+    UseBlocks(other.InUse(), other.capacity);
     AdoptCounts(other);
-    other.heapCapacity = 0;
-    other.UseArrays(kInlineCapacity, other.inlineText, other.inlineMorphemes,
-                    other.inlineCandidates, other.inlineScores,
-                    other.inlineStartOffsets, other.inlineEndOffsets);
+    CopyAttributes(other);
+    other.UseInline();
   }
   other.Initialize(false);
-  indexMask = other.indexMask;
-  minForeignLength = other.minForeignLength;
-  minNumberLength = other.minNumberLength;
 }
 
 void Eojul::BecomeCopyOf(const Eojul& other) {
@@ -90,111 +70,118 @@ void Eojul::BecomeCopyOf(const Eojul& other) {
   if (other.capacity > kInlineCapacity) AllocateArrays(other.capacity, false);
   Initialize(false);
   CopyFrom(other);
-  indexMask = other.indexMask;
-  minForeignLength = other.minForeignLength;
-  minNumberLength = other.minNumberLength;
+  CopyAttributes(other);
   keepCase = false;
   numberPunctuation = false;
 }
 
-Eojul::~Eojul() {
-  ReleaseArrays();
-  FreeSpare();
+void Eojul::CopyAttributes(const Eojul& other) {
+  indexMask = other.indexMask;
+  minForeignLength = other.minForeignLength;
+  minNumberLength = other.minNumberLength;
 }
 
-void Eojul::FreeSpare() {
-  if (spareCapacity == 0) return;
-  delete[] spareText;
-  delete[] spareMorphemes;
-  delete[] spareCandidates;
-  delete[] spareScores;
-  delete[] spareStarts;
-  delete[] spareEnds;
-  spareCapacity = 0;
+Eojul::~Eojul() {
+  ReleaseArrays();
+  DeleteBlocks(spare);
+}
+
+Eojul::Blocks Eojul::NewBlocks(uint32_t size) {
+  Blocks b;
+  b.size = size;
+  b.text = new char[size]();
+  b.morphemes = new uint32_t[MorphemeSlots(size)]();
+  b.candidates = new uint32_t[CandidateSlots(size)]();
+  b.scores = new double[CandidateSlots(size)]();
+  b.starts = new int16_t[MorphemeSlots(size)]();
+  b.ends = new int16_t[MorphemeSlots(size)]();
+  return b;
+}
+
+void Eojul::DeleteBlocks(Blocks& b) {
+  if (b.size == 0) return;
+  delete[] b.text;
+  delete[] b.morphemes;
+  delete[] b.candidates;
+  delete[] b.scores;
+  delete[] b.starts;
+  delete[] b.ends;
+  b = Blocks();
+}
+
+Eojul::Blocks Eojul::InUse() const {
+  Blocks b;
+  if (heapCapacity == 0) return b;
+  b.size = heapCapacity;
+  b.text = text;
+  b.morphemes = morphemes;
+  b.candidates = candidates;
+  b.scores = scores;
+  b.starts = startOffsets;
+  b.ends = endOffsets;
+  return b;
 }
 
 void Eojul::ReleaseArrays() {
-  if (heapCapacity == 0) return;
-  if (heapCapacity > spareCapacity) {
-    FreeSpare();
-    spareCapacity = heapCapacity;
-    spareText = text;
-    spareMorphemes = morphemes;
-    spareCandidates = candidates;
-    spareScores = scores;
-    spareStarts = startOffsets;
-    spareEnds = endOffsets;
+  Blocks used = InUse();
+  if (used.size == 0) return;
+  if (used.size > spare.size) {
+    DeleteBlocks(spare);
+    spare = used;
   } else {
-    delete[] text;
-    delete[] morphemes;
-    delete[] candidates;
-    delete[] scores;
-    delete[] startOffsets;
-    delete[] endOffsets;
+    DeleteBlocks(used);
   }
-  heapCapacity = 0;
-  UseArrays(kInlineCapacity, inlineText, inlineMorphemes, inlineCandidates,
-            inlineScores, inlineStartOffsets, inlineEndOffsets);
+  UseInline();
 }
 
 // Replaces the six arrays by zeroed ones for `newCapacity` (the spare blocks
 // when they are large enough), keeping the old contents when copyOld.
 void Eojul::AllocateArrays(uint32_t newCapacity, bool copyOld) {
-  char* newText;
-  uint32_t* newMorphemes;
-  uint32_t* newCandidates;
-  double* newScores;
-  int16_t* newStarts;
-  int16_t* newEnds;
-  uint32_t newHeapCapacity = newCapacity;
-  if (spareCapacity >= newCapacity) {
-    newHeapCapacity = spareCapacity;
-    newText = spareText;
-    newMorphemes = spareMorphemes;
-    newCandidates = spareCandidates;
-    newScores = spareScores;
-    newStarts = spareStarts;
-    newEnds = spareEnds;
-    spareCapacity = 0;
-    std::memset(newText, 0, newCapacity);
-    std::memset(newMorphemes, 0, MorphemeSlots(newCapacity) * sizeof(uint32_t));
-    std::memset(newCandidates, 0, CandidateSlots(newCapacity) * sizeof(uint32_t));
-    std::memset(newScores, 0, CandidateSlots(newCapacity) * sizeof(double));
-    std::memset(newStarts, 0, MorphemeSlots(newCapacity) * sizeof(int16_t));
-    std::memset(newEnds, 0, MorphemeSlots(newCapacity) * sizeof(int16_t));
+  Blocks fresh;
+  if (spare.size >= newCapacity) {
+    fresh = spare;
+    spare = Blocks();
+    std::memset(fresh.text, 0, newCapacity);
+    std::memset(fresh.morphemes, 0, MorphemeSlots(newCapacity) * sizeof(uint32_t));
+    std::memset(fresh.candidates, 0, CandidateSlots(newCapacity) * sizeof(uint32_t));
+    std::memset(fresh.scores, 0, CandidateSlots(newCapacity) * sizeof(double));
+    std::memset(fresh.starts, 0, MorphemeSlots(newCapacity) * sizeof(int16_t));
+    std::memset(fresh.ends, 0, MorphemeSlots(newCapacity) * sizeof(int16_t));
   } else {
-    newText = new char[newCapacity]();
-    newMorphemes = new uint32_t[MorphemeSlots(newCapacity)]();
-    newCandidates = new uint32_t[CandidateSlots(newCapacity)]();
-    newScores = new double[CandidateSlots(newCapacity)]();
-    newStarts = new int16_t[MorphemeSlots(newCapacity)]();
-    newEnds = new int16_t[MorphemeSlots(newCapacity)]();
+    fresh = NewBlocks(newCapacity);
   }
   if (copyOld) {
-    CopyPrefix(newText, text, capacity);
-    CopyPrefix(newMorphemes, morphemes, MorphemeSlots(capacity));
-    CopyPrefix(newCandidates, candidates, CandidateSlots(capacity));
-    CopyPrefix(newScores, scores, CandidateSlots(capacity));
-    CopyPrefix(newStarts, startOffsets, MorphemeSlots(capacity));
-    CopyPrefix(newEnds, endOffsets, MorphemeSlots(capacity));
+    CopyPrefix(fresh.text, text, capacity);
+    CopyPrefix(fresh.morphemes, morphemes, MorphemeSlots(capacity));
+    CopyPrefix(fresh.candidates, candidates, CandidateSlots(capacity));
+    CopyPrefix(fresh.scores, scores, CandidateSlots(capacity));
+    CopyPrefix(fresh.starts, startOffsets, MorphemeSlots(capacity));
+    CopyPrefix(fresh.ends, endOffsets, MorphemeSlots(capacity));
   }
   ReleaseArrays();
-  UseArrays(newCapacity, newText, newMorphemes, newCandidates, newScores,
-            newStarts, newEnds);
-  heapCapacity = newHeapCapacity;
+  UseBlocks(fresh, newCapacity);
 }
 
-void Eojul::UseArrays(uint32_t newCapacity, char* newText,
-                      uint32_t* newMorphemes, uint32_t* newCandidates,
-                      double* newScores, int16_t* newStarts,
-                      int16_t* newEnds) {
+void Eojul::UseBlocks(const Blocks& b, uint32_t newCapacity) {
+  heapCapacity = b.size;
   capacity = newCapacity;
-  text = newText;
-  morphemes = newMorphemes;
-  candidates = newCandidates;
-  scores = newScores;
-  startOffsets = newStarts;
-  endOffsets = newEnds;
+  text = b.text;
+  morphemes = b.morphemes;
+  candidates = b.candidates;
+  scores = b.scores;
+  startOffsets = b.starts;
+  endOffsets = b.ends;
+}
+
+void Eojul::UseInline() {
+  Blocks inlineAreas;
+  inlineAreas.text = inlineText;
+  inlineAreas.morphemes = inlineMorphemes;
+  inlineAreas.candidates = inlineCandidates;
+  inlineAreas.scores = inlineScores;
+  inlineAreas.starts = inlineStartOffsets;
+  inlineAreas.ends = inlineEndOffsets;
+  UseBlocks(inlineAreas, kInlineCapacity);
 }
 
 void Eojul::Grow() { AllocateArrays(capacity * 2, true); }

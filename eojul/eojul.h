@@ -139,16 +139,32 @@ class Eojul : public QR_Eojul {
   struct InlineStorage {};
   explicit Eojul(InlineStorage);
 
+  // Six heap arrays made for a capacity of `size` (0: none).
+  struct Blocks {
+    uint32_t size = 0;
+    char* text = nullptr;
+    uint32_t* morphemes = nullptr;
+    uint32_t* candidates = nullptr;
+    double* scores = nullptr;
+    int16_t* starts = nullptr;
+    int16_t* ends = nullptr;
+  };
+  // Zeroed new blocks; blocks freed (size 0 afterwards).
+  static Blocks NewBlocks(uint32_t size);
+  static void DeleteBlocks(Blocks& blocks);
+  // The heap arrays in use (size 0 when inline).
+  Blocks InUse() const;
+
   void AllocateArrays(uint32_t newCapacity, bool copyOld);
   // Lets go of the heap arrays in use (kept as spare when the larger), back
   // to the inline areas.
   void ReleaseArrays();
-  // Frees the spare blocks.
-  void FreeSpare();
-  // Points the six arrays at the given storage of `newCapacity`.
-  void UseArrays(uint32_t newCapacity, char* newText, uint32_t* newMorphemes,
-                 uint32_t* newCandidates, double* newScores,
-                 int16_t* newStarts, int16_t* newEnds);
+  // Points the six arrays at blocks with `newCapacity`, or at the inline
+  // areas.
+  void UseBlocks(const Blocks& blocks, uint32_t newCapacity);
+  void UseInline();
+  // The index mask and minima that a copy carries over.
+  void CopyAttributes(const Eojul& other);
   void Grow();
   void EnsureTextRoom(uint32_t length);
   void EnsureMorphemeRoom();
@@ -187,14 +203,7 @@ class Eojul : public QR_Eojul {
   uint32_t offsetCount;
   // Size of the heap arrays in use, which may exceed capacity (0: inline).
   uint32_t heapCapacity = 0;
-  // Heap arrays kept for reuse: their size (0: none) and the six blocks.
-  uint32_t spareCapacity = 0;
-  char* spareText = nullptr;
-  uint32_t* spareMorphemes = nullptr;
-  uint32_t* spareCandidates = nullptr;
-  double* spareScores = nullptr;
-  int16_t* spareStarts = nullptr;
-  int16_t* spareEnds = nullptr;
+  Blocks spare;  // heap arrays kept for reuse
 };
 
 }  // namespace Quorel
