@@ -95,28 +95,16 @@ Out* ConvertNew(int32_t (*convert)(Out*, const In*, int32_t, int32_t), const In*
   return result;
 }
 
-}  // namespace
-
-int32_t EncodingId(const char* name) {
-  if (name == nullptr) return kEncodingInvalid;
-  for (const EncodingName& entry : kEncodingNames) {
-    // First letters first: most names fail there.
-    if (UpperAscii(name[0]) == entry.name[0] && SameNameIgnoringCase(name, entry.name)) {
-      return entry.id;
-    }
-  }
-  return kEncodingInvalid;
-}
-
-int32_t DecodeCount(WideChar* out, const char* bytes, int32_t room, int32_t id) {
-  const charset::Codec* codec = CodecOf(id);
-  if (codec == nullptr) return -1;
-  const unsigned char* in = reinterpret_cast<const unsigned char*>(bytes ? bytes : "");
-  int32_t available = static_cast<int32_t>(std::strlen(reinterpret_cast<const char*>(in)));
+// The decode loop with its blank rules over any decoder: while room and
+// bytes remain, one unit per character, a blank per invalid byte, and a stop
+// at a sequence cut off at the end. A NUL follows when room remains.
+template <class Decoder>
+int32_t DecodeLoop(WideChar* out, const unsigned char* in, int32_t available,
+                   int32_t room, Decoder decode) {
   int32_t count = 0;
   while (room > 0 && available > 0) {
     uint32_t codePoint = 0;
-    int32_t consumed = codec->decode(out ? &codePoint : nullptr, in, available);
+    int32_t consumed = decode(out ? &codePoint : nullptr, in, available);
     WideChar unit;
     if (consumed >= 0) {
       in += consumed;
@@ -137,6 +125,75 @@ int32_t DecodeCount(WideChar* out, const char* bytes, int32_t room, int32_t id) 
   return count;
 }
 
+// The encode loop over any encoder: a blank for a surrogate unit or a
+// character without a code; no room for a character ends the output, with
+// no NUL after it.
+template <class Encoder>
+int32_t EncodeLoop(unsigned char* cursor, const WideChar* wide, int32_t room,
+                   Encoder encode) {
+  int32_t count = 0;
+  for (const WideChar* unit = wide; unit && *unit && room > 0; ++unit) {
+    int32_t written;
+    if (*unit >= kFirstSurrogate && *unit <= kLastSurrogate) {
+      written = -1;  // a lone half of a pair has nothing to encode
+    } else {
+      written = encode(cursor, *unit, room);
+      if (written == charset::kNoRoom) {
+        room = 0;  // so no NUL follows a character left out
+        break;
+      }
+    }
+    if (written < 0) {
+      if (cursor) *cursor = kBlank;
+      written = 1;
+    }
+    if (cursor) cursor += written;
+    count += written;
+    room -= written;
+  }
+  if (room > 0 && cursor) *cursor = '\0';
+  return count;
+}
+
+}  // namespace
+
+int32_t EncodingId(const char* name) {
+  if (name == nullptr) return kEncodingInvalid;
+  for (const EncodingName& entry : kEncodingNames) {
+    // First letters first: most names fail there.
+    if (UpperAscii(name[0]) == entry.name[0] && SameNameIgnoringCase(name, entry.name)) {
+      return entry.id;
+    }
+  }
+  return kEncodingInvalid;
+}
+
+int32_t DecodeCount(WideChar* out, const char* bytes, int32_t room, int32_t id) {
+  const charset::Codec* codec = CodecOf(id);
+  if (codec == nullptr) return -1;
+  const unsigned char* in = reinterpret_cast<const unsigned char*>(bytes ? bytes : "");
+  int32_t available = static_cast<int32_t>(std::strlen(reinterpret_cast<const char*>(in)));
+  // Nearly all text comes in as UTF-8 or CP949: their decoders are taken in
+  // line (the same answers); the others go through the table.
+  switch (id) {
+    case kEncodingUtf8:
+      return DecodeLoop(out, in, available, room,
+                        [](uint32_t* codePoint, const unsigned char* text, int32_t rest) {
+                          return charset::DecodeUtf8Inline(codePoint, text, rest);
+                        });
+    case kEncodingEucKr:
+    case kEncodingCp949: {
+      const uint16_t* table = charset::Cp949DecodeTable();
+      return DecodeLoop(out, in, available, room,
+                        [table](uint32_t* codePoint, const unsigned char* text, int32_t rest) {
+                          return charset::DecodeCp949With(table, codePoint, text, rest);
+                        });
+    }
+    default:
+      return DecodeLoop(out, in, available, room, codec->decode);
+  }
+}
+
 int32_t Decode(WideChar* out, const char* bytes, int32_t room, const char* name) {
   return DecodeCount(out, bytes, room, EncodingId(name));
 }
@@ -153,28 +210,19 @@ int32_t EncodeCount(char* out, const WideChar* wide, int32_t room, int32_t id) {
   const charset::Codec* codec = CodecOf(id);
   if (codec == nullptr) return -1;
   unsigned char* cursor = reinterpret_cast<unsigned char*>(out);
-  int32_t count = 0;
-  for (const WideChar* unit = wide; unit && *unit && room > 0; ++unit) {
-    int32_t written;
-    if (*unit >= kFirstSurrogate && *unit <= kLastSurrogate) {
-      written = -1;  // a lone half of a pair has nothing to encode
-    } else {
-      written = codec->encode(cursor, *unit, room);
-      if (written == charset::kNoRoom) {
-        room = 0;  // so no NUL follows a character left out
-        break;
-      }
+  // The library's own text goes out as CP949: its encoder in line.
+  switch (id) {
+    case kEncodingEucKr:
+    case kEncodingCp949: {
+      const uint16_t* table = charset::Cp949EncodeTable();
+      return EncodeLoop(cursor, wide, room,
+                        [table](unsigned char* bytes, uint32_t codePoint, int32_t space) {
+                          return charset::EncodeCp949With(table, bytes, codePoint, space);
+                        });
     }
-    if (written < 0) {
-      if (cursor) *cursor = kBlank;
-      written = 1;
-    }
-    if (cursor) cursor += written;
-    count += written;
-    room -= written;
+    default:
+      return EncodeLoop(cursor, wide, room, codec->encode);
   }
-  if (room > 0 && cursor) *cursor = '\0';
-  return count;
 }
 
 int32_t Encode(char* out, const WideChar* wide, int32_t room, const char* name) {

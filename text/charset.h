@@ -55,6 +55,13 @@ char* EncodeNew(const WideChar* wide, int32_t id);
 // EncodingId(name), then EncodeNew. The caller frees the result.
 char* FromWide(const WideChar* wide, const char* name);
 
+// UTF-8 straight to CP949, the road of the input text: the same bytes as
+// DecodeCount from UTF-8 and then EncodeCount to CP949 with room enough for
+// both. No character grows in bytes, so `out` needs `length` + 1 bytes for
+// the `length` bytes of `utf8` (which hold no NUL). Returns the bytes written
+// before the NUL that ends them.
+int32_t Utf8ToCp949(char* out, const char* utf8, int32_t length);
+
 // Frees what the *New forms, ToWide and FromWide returned (null is fine).
 void FreeWide(WideChar* wide);
 void FreeBytes(char* bytes);

@@ -80,6 +80,53 @@ inline int32_t StoreEncoded(unsigned char* out, int32_t room,
   return count;
 }
 
+// The UTF-8 decoder with its two common forms in line, for the decode loop:
+// ASCII, and the three-byte form that holds all of Hangul when it is whole
+// and valid. Anything else goes to DecodeUtf8, so the answers are the same.
+inline int32_t DecodeUtf8Inline(uint32_t* out, const unsigned char* in,
+                                int32_t available) {
+  const uint32_t lead = in[0];
+  if (lead < 0x80) {
+    if (out) *out = lead;
+    return 1;
+  }
+  if ((lead & 0xF0) == 0xE0 && available >= 3 && (in[1] & 0xC0) == 0x80 &&
+      (in[2] & 0xC0) == 0x80 && (lead != 0xE0 || in[1] >= 0xA0)) {
+    if (out) *out = (lead & 0x0F) << 12 | (in[1] & 0x3Fu) << 6 | (in[2] & 0x3Fu);
+    return 3;
+  }
+  return DecodeUtf8(out, in, available);
+}
+
+// The direct tables of the CP949 pair, built on first use (see
+// charset_cp949.cpp): (lead - 0x81) * 256 + trail -> code point, and code
+// point -> lead << 8 | trail; 0 means no mapping. Loops fetch them once and
+// call the *With forms, which answer as DecodeCp949 and EncodeCp949.
+const uint16_t* Cp949DecodeTable();
+const uint16_t* Cp949EncodeTable();
+
+inline int32_t DecodeCp949With(const uint16_t* table, uint32_t* out,
+                               const unsigned char* in, int32_t available) {
+  const uint32_t lead = in[0];
+  if (lead < 0x80) return DecodeAscii(out, in);
+  if (lead < 0x81 || lead > 0xFE) return kInvalidSequence;
+  if (available < 2) return kTooFewBytes;
+  const uint16_t codePoint = table[(lead - 0x81) * 256 + in[1]];
+  return StoreDecoded(out, codePoint != 0 ? codePoint : -1, 2);
+}
+
+inline int32_t EncodeCp949With(const uint16_t* table, unsigned char* out,
+                               uint32_t codePoint, int32_t room) {
+  int32_t result = EncodeAscii(out, codePoint, room);
+  if (result != kNoMapping) return result;
+  if (codePoint > 0xFFFF) return kNoMapping;
+  const uint16_t code = table[codePoint];
+  if (code == 0) return kNoMapping;
+  const unsigned char bytes[2] = {static_cast<unsigned char>(code >> 8),
+                                  static_cast<unsigned char>(code & 0xFF)};
+  return StoreEncoded(out, room, bytes, 2);
+}
+
 // Writes a 94 x 94 set's linear index as its two EUC bytes (0xA1..0xFE),
 // after `prefix` unless it is 0; kNoMapping for index -1, or kNoRoom.
 inline int32_t StoreIndex94(unsigned char* out, int32_t room, int32_t index,

@@ -111,24 +111,16 @@ const DirectTables& Direct() {
 
 }  // namespace
 
+const uint16_t* Cp949DecodeTable() { return Direct().decode; }
+
+const uint16_t* Cp949EncodeTable() { return Direct().encode; }
+
 int32_t DecodeCp949(uint32_t* out, const unsigned char* in, int32_t available) {
-  unsigned char lead = in[0];
-  if (lead < 0x80) return DecodeAscii(out, in);
-  if (lead < kFirstLead || lead > 0xFE) return kInvalidSequence;
-  if (available < 2) return kTooFewBytes;
-  const uint16_t codePoint = Direct().decode[(lead - kFirstLead) * 256 + in[1]];
-  return StoreDecoded(out, codePoint != 0 ? codePoint : -1, 2);
+  return DecodeCp949With(Direct().decode, out, in, available);
 }
 
 int32_t EncodeCp949(unsigned char* out, uint32_t codePoint, int32_t room) {
-  int32_t result = EncodeAscii(out, codePoint, room);
-  if (result != kNoMapping) return result;
-  if (codePoint > 0xFFFF) return kNoMapping;
-  const uint16_t code = Direct().encode[codePoint];
-  if (code == 0) return kNoMapping;
-  const unsigned char bytes[2] = {static_cast<unsigned char>(code >> 8),
-                                  static_cast<unsigned char>(code & 0xFF)};
-  return StoreEncoded(out, room, bytes, 2);
+  return EncodeCp949With(Direct().encode, out, codePoint, room);
 }
 
 }  // namespace charset

@@ -26,8 +26,13 @@ const std::string& Recoder::Convert(const char* text, int32_t from,
   return bytes;
 }
 
+// The input road in one pass: no character grows, so length + 1 bytes hold
+// the result and its NUL.
 const std::string& Recoder::ToCp949(const char* utf8) {
-  return Convert(utf8, kEncodingUtf8, kEncodingCp949);
+  const int32_t length = static_cast<int32_t>(std::strlen(utf8));
+  bytes.resize(static_cast<size_t>(length) + 1);
+  bytes.resize(static_cast<size_t>(Utf8ToCp949(&bytes[0], utf8, length)));
+  return bytes;
 }
 
 const std::string& Recoder::ToUtf8(const char* cp949) {
