@@ -327,34 +327,6 @@ void Eojul::SetScoreAt(unsigned candidate, double score) {
   }
 }
 
-// Entries at or before candidatePos were written for this token; later ones
-// (phantom candidates) read as empty.
-uint32_t Eojul::MorphemeCountAt(uint32_t k) const {
-  uint32_t at = 2 * k + 1;
-  return at <= candidatePos ? candidates[at] : 0;
-}
-
-uint32_t Eojul::FirstMorphemeAt(uint32_t k) const {
-  uint32_t at = 2 * k + 2;
-  return at <= candidatePos + 1 ? candidates[at] : 0;
-}
-
-double Eojul::ScoreAt(uint32_t k) const {
-  return k + 1 <= scorePos ? scores[k + 1] : 0.0;
-}
-
-const char* Eojul::LexiconOf(uint32_t morpheme) const {
-  uint32_t at = 2 * morpheme + 3;
-  if (at >= morphemeUsed) return "";
-  uint32_t textOffset = morphemes[at];
-  return textOffset < textUsed ? text + textOffset : "";
-}
-
-uint32_t Eojul::PosOf(uint32_t morpheme) const {
-  uint32_t at = 2 * morpheme + 2;
-  return at < morphemeUsed ? morphemes[at] : 0;
-}
-
 void Eojul::AddCandidateFrom(const Eojul& source, uint32_t k) {
   uint32_t first = source.FirstMorphemeAt(k);
   uint32_t count = source.MorphemeCountAt(k);
@@ -450,52 +422,10 @@ int Eojul::SelectTop(unsigned char n) {
   return static_cast<int>(keep);
 }
 
-bool Eojul::MapCandidate(int& candidate) const {
-  if (!sorted) return true;
-  size_t at = static_cast<size_t>(candidate) + 1;
-  if (at >= order.size() || order[at] == 0) return false;
-  candidate = static_cast<int>(order[at]) - 1;
-  return true;
-}
-
 int Eojul::StoredCandidate(int candidate) const {
   if (candidate < 0) return -1;
   if (!MapCandidate(candidate)) return -1;
   return static_cast<uint32_t>(candidate) < StoredCount() ? candidate : -1;
-}
-
-bool Eojul::Locate(int candidate, int morpheme, uint32_t& number) {
-  if (candidate < 0 || morpheme < 0) return false;
-  if (static_cast<int64_t>(candidate) > static_cast<int64_t>(StoredCount()) - 1) {
-    return false;
-  }
-  if (!MapCandidate(candidate)) return false;
-  uint32_t k = static_cast<uint32_t>(candidate);
-  // A morpheme equal to the count still reads: it is the next one stored.
-  if (static_cast<uint32_t>(morpheme) > MorphemeCountAt(k)) return false;
-  number = FirstMorphemeAt(k) + static_cast<uint32_t>(morpheme);
-  return true;
-}
-
-int Eojul::GetListSize() {
-  return static_cast<int>(sorted ? order[0] : StoredCount());
-}
-
-int Eojul::GetCount(int candidate) {
-  if (candidate < 0 || !MapCandidate(candidate)) return 0;
-  return static_cast<int>(MorphemeCountAt(static_cast<uint32_t>(candidate)));
-}
-
-const char* Eojul::GetLexicon(int candidate, int morpheme) {
-  uint32_t number;
-  if (!Locate(candidate, morpheme, number)) return nullptr;
-  return LexiconOf(number);
-}
-
-unsigned int Eojul::GetPOS(int candidate, int morpheme) {
-  uint32_t number;
-  if (!Locate(candidate, morpheme, number)) return 0xFFFFFFFFu;
-  return PosOf(number);
 }
 
 const char* Eojul::GetStrPOS(int candidate, int morpheme) {

@@ -43,7 +43,7 @@ constexpr uint32_t kNumberJoin = 0x4000;
 constexpr uint32_t kTooLong = 0x8000;       // over 256 bytes, not analysed
 }  // namespace EojulType
 
-class Eojul : public QR_Eojul {
+class Eojul final : public QR_Eojul {
  public:
   static constexpr uint32_t kInlineCapacity = 256;
 
@@ -61,10 +61,21 @@ class Eojul : public QR_Eojul {
   void Initialize(bool releaseMemory) override;
   void SetString(const char* text) override;
   const char* GetString() override { return text; }
-  int GetListSize() override;
-  int GetCount(int candidate) override;
-  const char* GetLexicon(int candidate, int morpheme) override;
-  unsigned int GetPOS(int candidate, int morpheme) override;
+  int GetListSize() override {
+    return static_cast<int>(sorted ? order[0] : StoredCount());
+  }
+  int GetCount(int candidate) override {
+    if (candidate < 0 || !MapCandidate(candidate)) return 0;
+    return static_cast<int>(MorphemeCountAt(static_cast<uint32_t>(candidate)));
+  }
+  const char* GetLexicon(int candidate, int morpheme) override {
+    uint32_t number;
+    return Locate(candidate, morpheme, number) ? LexiconOf(number) : nullptr;
+  }
+  unsigned int GetPOS(int candidate, int morpheme) override {
+    uint32_t number;
+    return Locate(candidate, morpheme, number) ? PosOf(number) : 0xFFFFFFFFu;
+  }
   const char* GetStrPOS(int candidate, int morpheme) override;
   bool IsIndexWord(int candidate, int morpheme) override;
   double GetScore(int candidate) override;
@@ -121,12 +132,30 @@ class Eojul : public QR_Eojul {
   void Print(std::ostream& stream, bool compact);
 
   // Raw reads of stored candidate k (0-based, no view); 0 outside.
+  // Entries at or before candidatePos were written for this token; later
+  // ones (phantom candidates) read as empty.
   uint32_t StoredCount() const { return candidates[0]; }
-  uint32_t MorphemeCountAt(uint32_t k) const;
-  uint32_t FirstMorphemeAt(uint32_t k) const;
-  double ScoreAt(uint32_t k) const;
-  const char* LexiconOf(uint32_t morpheme) const;
-  uint32_t PosOf(uint32_t morpheme) const;
+  uint32_t MorphemeCountAt(uint32_t k) const {
+    uint32_t at = 2 * k + 1;
+    return at <= candidatePos ? candidates[at] : 0;
+  }
+  uint32_t FirstMorphemeAt(uint32_t k) const {
+    uint32_t at = 2 * k + 2;
+    return at <= candidatePos + 1 ? candidates[at] : 0;
+  }
+  double ScoreAt(uint32_t k) const {
+    return k + 1 <= scorePos ? scores[k + 1] : 0.0;
+  }
+  const char* LexiconOf(uint32_t morpheme) const {
+    uint32_t at = 2 * morpheme + 3;
+    if (at >= morphemeUsed) return "";
+    uint32_t textOffset = morphemes[at];
+    return textOffset < textUsed ? text + textOffset : "";
+  }
+  uint32_t PosOf(uint32_t morpheme) const {
+    uint32_t at = 2 * morpheme + 2;
+    return at < morphemeUsed ? morphemes[at] : 0;
+  }
 
   uint32_t indexMask;
   uint32_t minForeignLength = 0;
@@ -170,9 +199,26 @@ class Eojul : public QR_Eojul {
   void EnsureMorphemeRoom();
   void EnsureCandidateRoom();
   // Maps a view candidate number to a stored one; false when out of view.
-  bool MapCandidate(int& candidate) const;
+  bool MapCandidate(int& candidate) const {
+    if (!sorted) return true;
+    size_t at = static_cast<size_t>(candidate) + 1;
+    if (at >= order.size() || order[at] == 0) return false;
+    candidate = static_cast<int>(order[at]) - 1;
+    return true;
+  }
   // Morpheme number of (candidate, morpheme) under the readers' rules.
-  bool Locate(int candidate, int morpheme, uint32_t& number);
+  bool Locate(int candidate, int morpheme, uint32_t& number) const {
+    if (candidate < 0 || morpheme < 0) return false;
+    if (static_cast<int64_t>(candidate) > static_cast<int64_t>(StoredCount()) - 1) {
+      return false;
+    }
+    if (!MapCandidate(candidate)) return false;
+    uint32_t k = static_cast<uint32_t>(candidate);
+    // A morpheme equal to the count still reads: it is the next one stored.
+    if (static_cast<uint32_t>(morpheme) > MorphemeCountAt(k)) return false;
+    number = FirstMorphemeAt(k) + static_cast<uint32_t>(morpheme);
+    return true;
+  }
   void AddCandidateFrom(const Eojul& source, uint32_t k);
   // The used counts, offset and end marks of other, whose used parts are
   // already in our arrays.

@@ -225,8 +225,10 @@ int Dictionary::IsCONJ(const spr::stdstyle::string<char>& key,
 int Dictionary::GetDivFreq(const char* key, int32_t& freq,
                            int32_t len) const {
   freq = 0;
+  // Knowledge without division statistics answers 0 without a walk.
+  if (divInfo == nullptr) return 0;
   TrieNode node;
-  if (!WalkKey(divTrie, key, len, node) || divInfo == nullptr) return 0;
+  if (!WalkKey(divTrie, key, len, node)) return 0;
   int32_t index = QR_DaTrie::GetValue(node);
   if (index < 0 || index >= sizeDivInfo) return 0;
   freq = divInfo[index];
@@ -241,8 +243,9 @@ int Dictionary::GetDivFreq(const spr::stdstyle::string<char>& key,
 int Dictionary::GetPosFreq(const char* key, PosInfoRec& rec,
                            int32_t len) const {
   rec = PosInfoRec();
+  if (posInfo == nullptr) return 0;
   TrieNode node;
-  if (!WalkKey(posTrie, key, len, node) || posInfo == nullptr) return 0;
+  if (!WalkKey(posTrie, key, len, node)) return 0;
   int32_t index = QR_DaTrie::GetValue(node);
   if (index < 0 || index >= sizePosInfo) return 0;
   rec = posInfo[index];
