@@ -20,7 +20,13 @@ bool Same2(const char* a, const char* b) { return std::memcmp(a, b, 2) == 0; }
 
 // Letters that the pattern string carries before a length.
 bool IsMarkedLetter(char c) {
-  return c != 0 && std::strchr("BCDIJNPUXY", c) != nullptr;
+  switch (c) {
+    case 'B': case 'C': case 'D': case 'I': case 'J':
+    case 'N': case 'P': case 'U': case 'X': case 'Y':
+      return true;
+    default:
+      return false;
+  }
 }
 
 // The numeric attribute of a bound noun's extra text, 0 without one.
