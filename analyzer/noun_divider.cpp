@@ -73,17 +73,16 @@ bool NounDivider::InJosaList(const char* text, int32_t len) {
 }
 
 void NounDivider::ClearRows() {
-  // Rows from rowCount on are as the last clear or NewRow left them; row 0
-  // is used without NewRow.
-  const int used = rowCount < 1 ? 1 : (rowCount > kDivRows ? kDivRows : rowCount);
+  // Rows and weights from rowCount on are blank: every row is opened blank
+  // (row 0 by the clear before the walk sets rowCount to 1, the others by
+  // NewRow), so only the rows opened since the last clear need it.
+  const int used = rowCount < 0 ? 0 : (rowCount > kDivRows ? kDivRows : rowCount);
   std::memset(rows, 0, sizeof(DivRow) * static_cast<size_t>(used));
   for (int k = 0; k < used; ++k) {
     std::memset(rows[k].hitIndex, kNoHit, sizeof(rows[k].hitIndex));
   }
-  for (int k = 0; k < kDivRows; ++k) {
-    weightSum[k] = 0.0;
-    selected[k] = -1;
-  }
+  std::memset(weightSum, 0, sizeof(double) * static_cast<size_t>(used));
+  std::memset(selected, 0xFF, sizeof(selected));  // -1 is all one bytes
   indexWordCount = 0;
   inSpan = 0;
   rowCount = 0;
