@@ -1,4 +1,5 @@
-// spr::stdstyle::string<char>: storage, growth and search.
+// spr::stdstyle::string<char>: storage growth, the rare paths of assignment
+// and appending, comparison and search. The common paths live in the header.
 //
 // The storage is the inline buffer while the capacity is kInline, else a
 // heap block; both hold a terminating NUL after `length` characters. An
@@ -12,28 +13,9 @@ namespace Quorel {
 namespace spr {
 namespace stdstyle {
 
-namespace {
-
-// Length of a NUL-terminated text; null counts as empty.
-template <class T>
-int32_t TextLength(const T* text) {
-  int32_t n = 0;
-  if (text != nullptr) {
-    while (text[n] != T()) ++n;
-  }
-  return n;
-}
-
-}  // namespace
-
-template <class T>
-string<T>::string() : length(0), capacity(kInline) {
-  inlineBuffer[0] = T();
-}
-
 template <class T>
 string<T>::string(const T* text) : string() {
-  Assign(text, TextLength(text));
+  if (text != nullptr) Assign(text, TextLength(text));
 }
 
 template <class T>
@@ -47,30 +29,13 @@ string<T>::string(const string& other) : string() {
 }
 
 template <class T>
-string<T>& string<T>::operator=(const string& other) {
-  if (this != &other) Assign(other.Data(), other.length);
-  return *this;
-}
-
-template <class T>
-string<T>& string<T>::operator=(const T* text) {
-  Assign(text, TextLength(text));
-  return *this;
-}
-
-template <class T>
-string<T>::~string() {
-  if (capacity > kInline) delete[] heap;
-}
-
-template <class T>
 bool string<T>::Owns(const T* text) const {
   const T* data = Data();
   return text >= data && text < data + capacity;
 }
 
 template <class T>
-bool string<T>::Grow(int32_t needed) {
+bool string<T>::GrowStorage(int32_t needed) {
   if (needed <= capacity) return true;
   // Geometric growth keeps repeated appends linear.
   int32_t newCapacity = capacity * 2;
@@ -91,7 +56,7 @@ void string<T>::Reserve(int32_t n) {
 }
 
 template <class T>
-void string<T>::Assign(const T* text, int32_t count) {
+void string<T>::AssignGrowing(const T* text, int32_t count) {
   if (text == nullptr || count < 0) count = 0;
   if (count > 0 && Owns(text)) {
     // The source lies in our own storage: take a copy first.
@@ -109,17 +74,7 @@ void string<T>::Assign(const T* text, int32_t count) {
 }
 
 template <class T>
-void string<T>::Append(const string& other) {
-  Append(other.Data(), other.length);
-}
-
-template <class T>
-void string<T>::Append(const T* text) {
-  Append(text, TextLength(text));
-}
-
-template <class T>
-void string<T>::Append(const T* text, int32_t count) {
+void string<T>::AppendGrowing(const T* text, int32_t count) {
   if (text == nullptr || count <= 0) return;
   if (Owns(text)) {
     string copy(text, count);
@@ -131,27 +86,6 @@ void string<T>::Append(const T* text, int32_t count) {
   std::memcpy(data + length, text, sizeof(T) * count);
   length += count;
   data[length] = T();
-}
-
-template <class T>
-void string<T>::Append(T c) {
-  if (!Grow(length + 2)) return;
-  T* data = Data();
-  data[length++] = c;
-  data[length] = T();
-}
-
-template <class T>
-T string<T>::At(int32_t position) const {
-  if (position < 0 || position >= length) return T();
-  return Data()[position];
-}
-
-template <class T>
-void string<T>::Truncate(int32_t n) {
-  if (n < 0 || n > length) return;
-  length = n;
-  Data()[n] = T();
 }
 
 template <class T>
@@ -200,7 +134,7 @@ template <class T>
 void string<T>::Replace(int32_t position, int32_t count, const T* text) {
   if (position < 0 || position > length) return;
   if (count < 0 || count > length - position) return;
-  const int32_t insertLength = TextLength(text);
+  const int32_t insertLength = text != nullptr ? TextLength(text) : 0;
   if (insertLength > 0 && Owns(text)) {
     string copy(text, insertLength);
     Replace(position, count, copy.Data());
@@ -241,19 +175,13 @@ int32_t string<T>::FindString(const T* text) const {
 
 template <class T>
 int32_t string<T>::FindString(const T* text, int32_t from) const {
-  const int32_t n = TextLength(text);
+  const int32_t n = text != nullptr ? TextLength(text) : 0;
   if (from < 0) from = 0;
   const T* data = Data();
   for (int32_t i = from; i + n <= length; ++i) {
     if (std::memcmp(data + i, text, sizeof(T) * n) == 0) return i;
   }
   return -1;
-}
-
-template <class T>
-void string<T>::Clear() {
-  length = 0;
-  Data()[0] = T();
 }
 
 template class string<char>;

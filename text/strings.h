@@ -13,6 +13,7 @@
 #define QRLSL_TEXT_STRINGS_H_
 
 #include <cstdint>
+#include <cstring>
 
 namespace Quorel {
 namespace spr {
@@ -21,21 +22,68 @@ namespace stdstyle {
 template <class T>
 class string {
  public:
-  string();
+  string() : length(0), capacity(kInline) { inlineBuffer[0] = T(); }
   string(const T* text);          // null is the empty string
   string(const T* text, int32_t count);
   string(const string& other);
-  string& operator=(const string& other);
-  string& operator=(const T* text);
-  virtual ~string();
+  string& operator=(const string& other) {
+    if (this != &other) Assign(other.Data(), other.length);
+    return *this;
+  }
+  // The same as Assign(text, its length), NUL included in the one copy.
+  string& operator=(const T* text) {
+    if (text == nullptr) {
+      Clear();
+      return *this;
+    }
+    const int32_t n = TextLength(text);
+    if (n < capacity) {
+      std::memmove(Data(), text, sizeof(T) * (n + 1));
+      length = n;
+    } else {
+      AssignGrowing(text, n);
+    }
+    return *this;
+  }
+  virtual ~string() {
+    if (capacity > kInline) delete[] heap;
+  }
 
   // Makes room for n characters plus the terminator.
   void Reserve(int32_t n);
-  void Assign(const T* text, int32_t count);
-  void Append(const string& other);
-  void Append(const T* text);
-  void Append(const T* text, int32_t count);
-  void Append(T c);
+  // Copies count characters (null or a negative count: none). The text may
+  // lie in this string's own storage.
+  void Assign(const T* text, int32_t count) {
+    if (text != nullptr && count >= 0 && count < capacity) {
+      T* data = Data();
+      std::memmove(data, text, sizeof(T) * count);
+      data[count] = T();
+      length = count;
+    } else {
+      AssignGrowing(text, count);
+    }
+  }
+  void Append(const string& other) { Append(other.Data(), other.length); }
+  void Append(const T* text) {
+    if (text != nullptr) Append(text, TextLength(text));
+  }
+  void Append(const T* text, int32_t count) {
+    if (text == nullptr || count <= 0) return;
+    if (count < capacity - length) {
+      T* data = Data();
+      std::memmove(data + length, text, sizeof(T) * count);
+      length += count;
+      data[length] = T();
+    } else {
+      AppendGrowing(text, count);
+    }
+  }
+  void Append(T c) {
+    if (!Grow(length + 2)) return;
+    T* data = Data();
+    data[length++] = c;
+    data[length] = T();
+  }
 
   int32_t Length() const { return length; }
   bool IsEmpty() const { return length == 0; }
@@ -43,9 +91,16 @@ class string {
   T* Data() { return capacity > kInline ? heap : inlineBuffer; }
   const T* Data() const { return capacity > kInline ? heap : inlineBuffer; }
   // The character at `position`; NUL when outside 0..Length()-1.
-  T At(int32_t position) const;
+  T At(int32_t position) const {
+    if (position < 0 || position >= length) return T();
+    return Data()[position];
+  }
   // Cuts the text to its first n characters (n within 0..Length()).
-  void Truncate(int32_t n);
+  void Truncate(int32_t n) {
+    if (n < 0 || n > length) return;
+    length = n;
+    Data()[n] = T();
+  }
 
   // <0, 0, >0 as strcmp; the second form folds ASCII letters.
   int Compare(const T* text) const;
@@ -66,14 +121,27 @@ class string {
   int32_t FindString(const T* text) const;
   // The same, starting at offset `from`.
   int32_t FindString(const T* text, int32_t from) const;
-  void Clear();
+  void Clear() {
+    length = 0;
+    Data()[0] = T();
+  }
 
  protected:
   // Makes the storage hold at least `needed` characters (NUL included),
   // keeping the text. False when the allocation failed.
-  bool Grow(int32_t needed);
+  bool Grow(int32_t needed) { return needed <= capacity || GrowStorage(needed); }
   // True when `text` points into this string's own storage.
   bool Owns(const T* text) const;
+  // Characters before the terminator of a non-null text.
+  static int32_t TextLength(const T* text) {
+    if constexpr (sizeof(T) == 1) {
+      return static_cast<int32_t>(std::strlen(reinterpret_cast<const char*>(text)));
+    } else {
+      int32_t n = 0;
+      while (text[n] != T()) ++n;
+      return n;
+    }
+  }
 
   static constexpr int32_t kInline = 16;
   union {
@@ -82,6 +150,13 @@ class string {
   };
   int32_t length;
   int32_t capacity;  // characters the storage holds, the NUL included
+
+ private:
+  // The rare paths of Grow, Assign and Append: a new block, and the text
+  // copied first when it lies in the storage being replaced.
+  bool GrowStorage(int32_t needed);
+  void AssignGrowing(const T* text, int32_t count);
+  void AppendGrowing(const T* text, int32_t count);
 };
 
 extern template class string<char>;
