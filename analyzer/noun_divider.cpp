@@ -34,6 +34,17 @@ int Attribute(const SearchInfo& si) {
   return si.nnbText != nullptr ? std::atoi(si.nnbText) : 0;
 }
 
+// True when the n bytes of text contain the m bytes of part (m > 0).
+bool Contains(const char* text, int32_t n, const char* part, int32_t m) {
+  for (int32_t i = 0; i + m <= n; ++i) {
+    if (text[i] == part[0] &&
+        std::memcmp(text + i, part, static_cast<size_t>(m)) == 0) {
+      return true;
+    }
+  }
+  return false;
+}
+
 // Room kept behind the groups for '$' and the NUL.
 constexpr int32_t kOutputLimit = kDivOutputSize - 2;
 // Longest element the pattern string can carry: 36 would read as '$'.
@@ -52,9 +63,7 @@ NounDivider::NounDivider()
       mode(0),
       dictionary(nullptr) {
   word.Reserve(256);
-  patternText.Reserve(kDivOutputSize);
   seenText.Reserve(kDivOutputSize);
-  groupText.Reserve(64);
   hits.reserve(kMaxDivHits + 64);
   rowCount = kDivRows;  // every row, the first time
   ClearRows();
@@ -318,17 +327,19 @@ void NounDivider::FinishOutput(uint32_t tag, int32_t end) {
   }
   if (end > 1 && output[end - 1] == '@') --end;
   // Rebuild the groups: a one-syllable unknown joins the piece before it,
-  // and a group met before is dropped with its row.
-  patternText.Clear();
+  // and a group met before is dropped with its row. seenText is "@" and each
+  // kept group with an '@' behind, so the kept groups joined by '@' (the
+  // pattern) are seenText without its first and last byte.
   seenText.Clear();
   seenText.Append('@');
-  int32_t kept[kDivRows];
   int keptCount = 0;
   int group = 0;
+  // One group between two '@', the form seenText keeps; a group is never
+  // longer than the output it is read from.
+  char groupText[kDivOutputSize + 2];
   for (int32_t p = 1; p < end;) {
-    // groupText holds the group between two '@', the form seenText keeps.
-    groupText.Clear();
-    groupText.Append('@');
+    groupText[0] = '@';
+    int32_t groupLength = 1;
     int32_t lastStart = -1;
     while (p < end && output[p] != '@') {
       const char c = output[p];
@@ -336,42 +347,42 @@ void NounDivider::FinishOutput(uint32_t tag, int32_t end) {
         const char length = output[p + 1];
         p += 2;
         if (c == 'U' && length == 1 && lastStart >= 0) {
-          const char before = groupText.At(groupText.Length() - 1);
-          groupText.Truncate(lastStart);
-          lastStart = groupText.Length();
-          groupText.Append('U');
-          groupText.Append(static_cast<char>(before + 1));
+          const char before = groupText[groupLength - 1];
+          groupLength = lastStart;
+          groupText[groupLength++] = 'U';
+          groupText[groupLength++] = static_cast<char>(before + 1);
           continue;
         }
-        lastStart = groupText.Length();
-        groupText.Append(c);
-        groupText.Append(length);
+        lastStart = groupLength;
+        groupText[groupLength++] = c;
+        groupText[groupLength++] = length;
       } else {
-        lastStart = groupText.Length();
-        groupText.Append(c);
+        lastStart = groupLength;
+        groupText[groupLength++] = c;
         ++p;
       }
     }
     if (p < end) ++p;  // the '@'
-    if (groupText.Length() > 1) {
-      groupText.Append('@');
-      if (seenText.FindString(groupText.CStr()) < 0) {
-        if (!patternText.IsEmpty()) patternText.Append('@');
-        patternText.Append(groupText.CStr() + 1, groupText.Length() - 2);
-        seenText.Append(groupText.CStr() + 1);
+    if (groupLength > 1) {
+      groupText[groupLength++] = '@';
+      if (!Contains(seenText.CStr(), seenText.Length(), groupText, groupLength)) {
+        seenText.Append(groupText + 1, groupLength - 1);
+        // Kept rows move down in place: group is never below keptCount.
         if (keptCount < kDivRows) {
-          kept[keptCount++] = group < kDivRows ? selected[group] : -1;
+          selected[keptCount] = group < kDivRows ? selected[group] : -1;
+          ++keptCount;
         }
       }
     }
     ++group;
   }
-  for (int k = 0; k < kDivRows; ++k) selected[k] = k < keptCount ? kept[k] : -1;
+  std::memset(selected + keptCount, 0xFF,
+              sizeof(int32_t) * static_cast<size_t>(kDivRows - keptCount));
   int32_t at = 1;
-  if (end > 1) {
-    std::memcpy(output + 1, patternText.CStr(),
-                static_cast<size_t>(patternText.Length()));
-    at = 1 + patternText.Length();
+  if (end > 1 && seenText.Length() > 1) {
+    const int32_t patternLength = seenText.Length() - 2;
+    std::memcpy(output + 1, seenText.CStr() + 1, static_cast<size_t>(patternLength));
+    at = 1 + patternLength;
   }
   // Three-syllable words of the ending-search modes carry their lengths
   // 1 and 2 as digits.

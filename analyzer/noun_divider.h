@@ -147,8 +147,8 @@ class NounDivider {
   int32_t mode;
   StringEx indexWords[kMaxIndexWords];
   StringEx divText;
-  StringEx patternText;
-  StringEx groupText;
+  // Groups kept by FinishOutput, each between '@'; the pattern is seenText
+  // without its outer '@' (the group under test is FinishOutput's own).
   StringEx seenText;
   StringEx word;
   StringEx josaText;
