@@ -45,7 +45,8 @@ int NounDivider::Enumerate(const char* text,
   wordLength = word.Length();
   const char* w = word.CStr();
   hits.clear();
-  for (int32_t off = 0; off < wordLength; off += 2) {
+  // Only words of 3 bytes or more are kept, so none starts in the last 2.
+  for (int32_t off = 0; off + 3 <= wordLength; off += 2) {
     if (off == 0 && startHits != nullptr) {
       // The nouns of two syllables or more, as the search below keeps them.
       for (const SearchInfo& h : *startHits) {
