@@ -1,7 +1,5 @@
-// SyllableTable data and its two-read lookup.
+// SyllableTable data and the row indexes of its two-read lookup.
 #include "text/syllable_table.h"
-
-#include <cstring>
 
 namespace Quorel {
 
@@ -54,30 +52,16 @@ constexpr RowIndex kRowIndex = BuildRowIndex();
 
 const SyllableRow (&SyllableRowIndex)[kSyllableRowCount] = kRowIndex.rows;
 
-// Literal on purpose: a lead below 0x81 with a small trail reads row `lead`
-// (record `trail` from row 72 up), and a lead from 0xC9 reads row lead - 129.
-const SyllableRec* SyllableAt(const char* bytes) {
-  const unsigned lead = static_cast<unsigned char>(bytes[0]);
-  const unsigned trail = static_cast<unsigned char>(bytes[1]);
-  if (lead < 129 && trail > 200) return nullptr;
-  const SyllableRow& row = kRowIndex.rows[lead % 129];
-  const short n = static_cast<short>(row.firstRecord +
-                                     ((trail - row.firstTrail) & 255));
-  if (n < 0 || n >= kSyllableCount) return nullptr;
-  return &SyllableTable[n];
+namespace {
+
+constexpr SyllableLeadRows BuildLeadRows() {
+  SyllableLeadRows byLead{};
+  for (int lead = 0; lead < 256; ++lead) byLead.rows[lead] = kRowIndex.rows[lead % 129];
+  return byLead;
 }
 
-const SyllableRec* LastSyllable(const char* text) {
-  if (text == nullptr) return nullptr;
-  const size_t length = std::strlen(text);
-  if (length < 2) return nullptr;
-  return SyllableAt(text + length - 2);
-}
+}  // namespace
 
-const SyllableRec* SyllableByNumber(short n) {
-  if (n < 0 || n >= kSyllableCount) return nullptr;
-  return &SyllableTable[n];
-}
+const SyllableLeadRows SyllableRowsByLead = BuildLeadRows();
 
 }  // namespace Quorel
-

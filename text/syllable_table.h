@@ -6,7 +6,9 @@
 #ifndef QRLSL_TEXT_SYLLABLE_TABLE_H_
 #define QRLSL_TEXT_SYLLABLE_TABLE_H_
 
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 namespace Quorel {
 
@@ -73,14 +75,45 @@ struct SyllableRow {
 constexpr int kSyllableRowCount = 129;
 extern const SyllableRow (&SyllableRowIndex)[kSyllableRowCount];
 
+// The row of every lead byte, SyllableRowIndex[lead % 129], so that the
+// lookup in line needs no division.
+struct SyllableLeadRows {
+  SyllableRow rows[256];
+};
+extern const SyllableLeadRows SyllableRowsByLead;
+
+// The record of bytes[0], bytes[1]; null only when the row arithmetic falls
+// outside the table (or a lead below 0x81 meets a trail above 200). Literal
+// on purpose: a lead below 0x81 with a small trail reads row `lead` (record
+// `trail` from row 72 up), and a lead from 0xC9 reads row lead - 129.
+inline const SyllableRec* SyllableAt(const char* bytes) {
+  const unsigned lead = static_cast<unsigned char>(bytes[0]);
+  const unsigned trail = static_cast<unsigned char>(bytes[1]);
+  if (lead < 129 && trail > 200) return nullptr;
+  const SyllableRow& row = SyllableRowsByLead.rows[lead];
+  const short n = static_cast<short>(row.firstRecord + ((trail - row.firstTrail) & 255));
+  if (n < 0 || n >= kSyllableCount) return nullptr;
+  return &SyllableTable[n];
+}
+
 // The record of the last two bytes of a NUL-terminated text; null when the
 // text is null or shorter than 2 bytes.
-const SyllableRec* LastSyllable(const char* text);
-// The record of bytes[0], bytes[1]; null only when the row arithmetic falls
-// outside the table (or a lead below 0x81 meets a trail above 200).
-const SyllableRec* SyllableAt(const char* bytes);
+inline const SyllableRec* LastSyllable(const char* text) {
+  if (text == nullptr) return nullptr;
+  const size_t length = std::strlen(text);
+  if (length < 2) return nullptr;
+  return SyllableAt(text + length - 2);
+}
+// The same for a text whose length (up to its first NUL) the caller knows.
+inline const SyllableRec* LastSyllable(const char* text, int32_t length) {
+  if (text == nullptr || length < 2) return nullptr;
+  return SyllableAt(text + length - 2);
+}
 // Record n; null when n is negative or not below kSyllableCount.
-const SyllableRec* SyllableByNumber(short n);
+inline const SyllableRec* SyllableByNumber(short n) {
+  if (n < 0 || n >= kSyllableCount) return nullptr;
+  return &SyllableTable[n];
+}
 // The record number of a record of SyllableTable (what links hold).
 inline int SyllableNumber(const SyllableRec* rec) {
   return static_cast<int>(rec - SyllableTable);
