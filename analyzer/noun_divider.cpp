@@ -139,9 +139,16 @@ const char* NounDivider::Divide(const char* text, int divideMode,
   }
   word = text;
   wordLength = word.Length();
+  // The caller's hits of this word end with the whole word when it is one.
   SearchInfo si;
-  const uint32_t tag =
-      dictionary->SearchMain(word.CStr(), si) != 0 ? si.info.bits : 0;
+  bool whole = false;
+  if (startHits != nullptr) {
+    whole = !startHits->empty() && startHits->back().end == wordLength;
+    if (whole) si = startHits->back();
+  } else {
+    whole = dictionary->SearchMain(word.CStr(), si) != 0;
+  }
+  const uint32_t tag = whole ? si.info.bits : 0;
 
   // Two syllables that are no noun: a josa alone, or a noun with a suffix
   // or a bound noun.

@@ -83,7 +83,8 @@ class NounDivider {
   // proper-noun division, 4 stored user-noun division, 10 no josa row).
   // startHits, when given, are the caller's SearchAll of every word at the
   // start of this very word (short ones included); the walk takes its first
-  // hits from them. Returns output, valid until the next call.
+  // hits from them, and the whole word's record is their last one when that
+  // covers the word. Returns output, valid until the next call.
   const char* Divide(const char* word, int divideMode,
                      const std::vector<SearchInfo>* startHits = nullptr);
   // Score of the row that gave group k of the last output; 0.0 for none.
