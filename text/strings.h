@@ -12,12 +12,41 @@
 #ifndef QRLSL_TEXT_STRINGS_H_
 #define QRLSL_TEXT_STRINGS_H_
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
 namespace Quorel {
 namespace spr {
 namespace stdstyle {
+
+// memmove for the short texts that nearly all strings are: every byte is
+// loaded before any is stored, so the ranges may overlap as in memmove.
+inline void MoveBytes(void* to, const void* from, size_t n) {
+  unsigned char* out = static_cast<unsigned char*>(to);
+  const unsigned char* in = static_cast<const unsigned char*>(from);
+  if (n > 16) {
+    std::memmove(out, in, n);
+  } else if (n >= 8) {
+    uint64_t head, tail;
+    std::memcpy(&head, in, 8);
+    std::memcpy(&tail, in + n - 8, 8);
+    std::memcpy(out, &head, 8);
+    std::memcpy(out + n - 8, &tail, 8);
+  } else if (n >= 4) {
+    uint32_t head, tail;
+    std::memcpy(&head, in, 4);
+    std::memcpy(&tail, in + n - 4, 4);
+    std::memcpy(out, &head, 4);
+    std::memcpy(out + n - 4, &tail, 4);
+  } else if (n > 0) {
+    // 1 to 3 bytes: first, middle and last cover them all.
+    const unsigned char first = in[0], middle = in[n / 2], last = in[n - 1];
+    out[0] = first;
+    out[n / 2] = middle;
+    out[n - 1] = last;
+  }
+}
 
 template <class T>
 class string {
@@ -38,7 +67,7 @@ class string {
     }
     const int32_t n = TextLength(text);
     if (n < capacity) {
-      std::memmove(Data(), text, sizeof(T) * (n + 1));
+      MoveBytes(Data(), text, sizeof(T) * (n + 1));
       length = n;
     } else {
       AssignGrowing(text, n);
@@ -56,7 +85,7 @@ class string {
   void Assign(const T* text, int32_t count) {
     if (text != nullptr && count >= 0 && count < capacity) {
       T* data = Data();
-      std::memmove(data, text, sizeof(T) * count);
+      MoveBytes(data, text, sizeof(T) * count);
       data[count] = T();
       length = count;
     } else {
@@ -71,7 +100,7 @@ class string {
     if (text == nullptr || count <= 0) return;
     if (count < capacity - length) {
       T* data = Data();
-      std::memmove(data + length, text, sizeof(T) * count);
+      MoveBytes(data + length, text, sizeof(T) * count);
       length += count;
       data[length] = T();
     } else {
@@ -105,7 +134,16 @@ class string {
   // <0, 0, >0 as strcmp; the second form folds ASCII letters.
   int Compare(const T* text) const;
   int CompareNoCase(const T* text) const;
-  bool operator==(const T* text) const { return Compare(text) == 0; }
+  // Compare(text) == 0; for char the C library's strcmp answers equality
+  // the same way (unsigned bytes up to the first NUL), faster.
+  bool operator==(const T* text) const {
+    if constexpr (sizeof(T) == 1) {
+      return std::strcmp(reinterpret_cast<const char*>(Data()),
+                         text != nullptr ? reinterpret_cast<const char*>(text) : "") == 0;
+    } else {
+      return Compare(text) == 0;
+    }
+  }
 
   // result = count characters from position (-1: to the end). Empty when
   // position is negative or past the length, or when the range runs past it.

@@ -3,6 +3,7 @@
 // the string's own storage, and a plain model of what the text must become.
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <string>
 
 #include "text/strings.h"
@@ -92,6 +93,33 @@ TEST(StringPathsTest, SourcesInsideTheOwnStorage) {
     text = text;
     ExpectText(text, model);
   }
+}
+
+TEST(StringPathsTest, MoveBytesAsMemmoveForEveryShortLengthAndOverlap) {
+  for (size_t n = 0; n <= 40; ++n) {
+    for (int shift = -20; shift <= 20; ++shift) {
+      std::string moved = Letters(80), expected = moved;
+      char* to = &moved[30 + shift];
+      spr::stdstyle::MoveBytes(to, &moved[30], n);
+      std::memmove(&expected[30 + shift], &expected[30], n);
+      EXPECT_EQ(moved, expected) << n << " bytes moved by " << shift;
+    }
+  }
+}
+
+TEST(StringPathsTest, EqualityReadsUpToTheFirstNulAndComparesBytesUnsigned) {
+  StringEx text;
+  text.Assign("ab\0cd", 5);
+  EXPECT_TRUE(text == "ab");
+  EXPECT_FALSE(text == "abc");
+  text = "\xB0\xA1";
+  EXPECT_TRUE(text == "\xB0\xA1");
+  EXPECT_FALSE(text == "\xB0\xA2");
+  EXPECT_FALSE(text == "\xB0");
+  text.Clear();
+  EXPECT_TRUE(text == "");
+  EXPECT_TRUE(text == nullptr);
+  EXPECT_FALSE(text == "a");
 }
 
 }  // namespace
