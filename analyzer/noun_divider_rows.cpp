@@ -251,12 +251,17 @@ void NounDivider::WeighElement(int k, int j, int32_t at, bool uCopy[kDivRows],
     }
   }
   if (at == 0) {
-    bool longerHead = false;
-    for (const SearchInfo& h : hits) longerHead |= h.start == 0 && h.end > bytes;
+    // A longer hit from byte 0, looked for only where it counts.
+    const auto longerHead = [this, bytes]() {
+      for (const SearchInfo& h : hits) {
+        if (h.start == 0 && h.end > bytes) return true;
+      }
+      return false;
+    };
     if (wordLength == 6 && InJosaList(w + 4, 2)) {
       e.weight -= 1;
     } else if (wordLength > 6 && hits.size() > 1 && e.length == 1 &&
-               longerHead) {
+               longerHead()) {
       e.weight -= 9;
     } else if (hits.size() == 1) {
       e.weight = 0;
