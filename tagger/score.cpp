@@ -47,7 +47,14 @@ double EndingBonus(size_t len, double shortBonus) {
 }  // namespace
 
 double ScoreCandidate(Eojul& eojul, int candidate, ScoreState& state) {
-  const int n = eojul.GetCount(candidate);
+  // The morphemes are read straight from the stored candidate; one outside
+  // the list has none and scores 0.
+  const int stored = eojul.StoredCandidate(candidate);
+  if (stored < 0) return 0.0;
+  const uint32_t first = eojul.FirstMorphemeAt(static_cast<uint32_t>(stored));
+  const int n = static_cast<int>(eojul.MorphemeCountAt(static_cast<uint32_t>(stored)));
+  auto posAt = [&](int i) { return eojul.PosOf(first + static_cast<uint32_t>(i)); };
+  auto lexiconAt = [&](int i) { return eojul.LexiconOf(first + static_cast<uint32_t>(i)); };
   const char* surface = eojul.GetString();
   const size_t surfaceLen = surface != nullptr ? std::strlen(surface) : 0;
   const uint32_t found = state.foundMask;
@@ -55,15 +62,12 @@ double ScoreCandidate(Eojul& eojul, int candidate, ScoreState& state) {
   double s = 0.0;
 
   for (int i = 0; i < n; ++i) {
-    const uint32_t tag = eojul.GetPOS(candidate, i);
-    const char* lexicon = eojul.GetLexicon(candidate, i);
-    if (lexicon == nullptr) lexicon = "";
+    const uint32_t tag = posAt(i);
+    const char* lexicon = lexiconAt(i);
     const size_t len = std::strlen(lexicon);
-    const uint32_t prevTag = i > 0 ? eojul.GetPOS(candidate, i - 1) : 0;
-    const char* prevLexicon = i > 0 ? eojul.GetLexicon(candidate, i - 1) : "";
-    if (prevLexicon == nullptr) prevLexicon = "";
-    const bool nextIsAuxiliary =
-        i < n - 1 && (eojul.GetPOS(candidate, i + 1) & kAuxiliary) != 0;
+    const uint32_t prevTag = i > 0 ? posAt(i - 1) : 0;
+    const char* prevLexicon = i > 0 ? lexiconAt(i - 1) : "";
+    const bool nextIsAuxiliary = i < n - 1 && (posAt(i + 1) & kAuxiliary) != 0;
 
     if ((tag & kNoun) != 0) {
       if (n == 1 && (tag & 0x10) == 0) s += 0.5;
@@ -145,10 +149,7 @@ double ScoreCandidate(Eojul& eojul, int candidate, ScoreState& state) {
       if (i > 0 && (prevTag & kNoun) != 0 && std::strlen(prevLexicon) >= 6) {
         s += 0.3;
       } else if (i >= 2 && (prevTag & kNounSuffix) != 0) {
-        const uint32_t beforeTag = eojul.GetPOS(candidate, i - 2);
-        const char* beforeLexicon = eojul.GetLexicon(candidate, i - 2);
-        if ((beforeTag & kNoun) != 0 && beforeLexicon != nullptr &&
-            std::strlen(beforeLexicon) >= 6) {
+        if ((posAt(i - 2) & kNoun) != 0 && std::strlen(lexiconAt(i - 2)) >= 6) {
           s += 0.3;
         }
       }
