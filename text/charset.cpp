@@ -177,18 +177,11 @@ int32_t DecodeCount(WideChar* out, const char* bytes, int32_t room, int32_t id) 
   // line (the same answers); the others go through the table.
   switch (id) {
     case kEncodingUtf8:
-      return DecodeLoop(out, in, available, room,
-                        [](uint32_t* codePoint, const unsigned char* text, int32_t rest) {
-                          return charset::DecodeUtf8Inline(codePoint, text, rest);
-                        });
+      return DecodeLoop(out, in, available, room, charset::Utf8InlineDecoder());
     case kEncodingEucKr:
-    case kEncodingCp949: {
-      const uint16_t* table = charset::Cp949DecodeTable();
+    case kEncodingCp949:
       return DecodeLoop(out, in, available, room,
-                        [table](uint32_t* codePoint, const unsigned char* text, int32_t rest) {
-                          return charset::DecodeCp949With(table, codePoint, text, rest);
-                        });
-    }
+                        charset::Cp949Decoder{charset::Cp949DecodeTable()});
     default:
       return DecodeLoop(out, in, available, room, codec->decode);
   }
@@ -213,13 +206,8 @@ int32_t EncodeCount(char* out, const WideChar* wide, int32_t room, int32_t id) {
   // The library's own text goes out as CP949: its encoder in line.
   switch (id) {
     case kEncodingEucKr:
-    case kEncodingCp949: {
-      const uint16_t* table = charset::Cp949EncodeTable();
-      return EncodeLoop(cursor, wide, room,
-                        [table](unsigned char* bytes, uint32_t codePoint, int32_t space) {
-                          return charset::EncodeCp949With(table, bytes, codePoint, space);
-                        });
-    }
+    case kEncodingCp949:
+      return EncodeLoop(cursor, wide, room, charset::Cp949Encoder{charset::Cp949EncodeTable()});
     default:
       return EncodeLoop(cursor, wide, room, codec->encode);
   }

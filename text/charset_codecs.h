@@ -127,6 +127,25 @@ inline int32_t EncodeCp949With(const uint16_t* table, unsigned char* out,
   return StoreEncoded(out, room, bytes, 2);
 }
 
+// The in-line forms as the conversion loops take them.
+struct Utf8InlineDecoder {
+  int32_t operator()(uint32_t* out, const unsigned char* in, int32_t available) const {
+    return DecodeUtf8Inline(out, in, available);
+  }
+};
+struct Cp949Decoder {
+  const uint16_t* table;  // Cp949DecodeTable()
+  int32_t operator()(uint32_t* out, const unsigned char* in, int32_t available) const {
+    return DecodeCp949With(table, out, in, available);
+  }
+};
+struct Cp949Encoder {
+  const uint16_t* table;  // Cp949EncodeTable()
+  int32_t operator()(unsigned char* out, uint32_t codePoint, int32_t room) const {
+    return EncodeCp949With(table, out, codePoint, room);
+  }
+};
+
 // Writes a 94 x 94 set's linear index as its two EUC bytes (0xA1..0xFE),
 // after `prefix` unless it is 0; kNoMapping for index -1, or kNoRoom.
 inline int32_t StoreIndex94(unsigned char* out, int32_t room, int32_t index,

@@ -20,6 +20,17 @@ namespace Quorel {
 namespace spr {
 namespace stdstyle {
 
+// Moves n bytes (one to two Words) as the first and the last Word, both
+// loaded before either is stored.
+template <class Word>
+inline void MoveHeadAndTail(unsigned char* out, const unsigned char* in, size_t n) {
+  Word head, tail;
+  std::memcpy(&head, in, sizeof(Word));
+  std::memcpy(&tail, in + n - sizeof(Word), sizeof(Word));
+  std::memcpy(out, &head, sizeof(Word));
+  std::memcpy(out + n - sizeof(Word), &tail, sizeof(Word));
+}
+
 // memmove for the short texts that nearly all strings are: every byte is
 // loaded before any is stored, so the ranges may overlap as in memmove.
 inline void MoveBytes(void* to, const void* from, size_t n) {
@@ -28,17 +39,9 @@ inline void MoveBytes(void* to, const void* from, size_t n) {
   if (n > 16) {
     std::memmove(out, in, n);
   } else if (n >= 8) {
-    uint64_t head, tail;
-    std::memcpy(&head, in, 8);
-    std::memcpy(&tail, in + n - 8, 8);
-    std::memcpy(out, &head, 8);
-    std::memcpy(out + n - 8, &tail, 8);
+    MoveHeadAndTail<uint64_t>(out, in, n);
   } else if (n >= 4) {
-    uint32_t head, tail;
-    std::memcpy(&head, in, 4);
-    std::memcpy(&tail, in + n - 4, 4);
-    std::memcpy(out, &head, 4);
-    std::memcpy(out + n - 4, &tail, 4);
+    MoveHeadAndTail<uint32_t>(out, in, n);
   } else if (n > 0) {
     // 1 to 3 bytes: first, middle and last cover them all.
     const unsigned char first = in[0], middle = in[n / 2], last = in[n - 1];
