@@ -226,7 +226,7 @@ int Dictionary::GetDivFreq(const char* key, int32_t& freq,
                            int32_t len) const {
   freq = 0;
   // Knowledge without division statistics answers 0 without a walk.
-  if (divInfo == nullptr) return 0;
+  if (divInfo == nullptr || sizeDivInfo <= 0) return 0;
   TrieNode node;
   if (!WalkKey(divTrie, key, len, node)) return 0;
   int32_t index = QR_DaTrie::GetValue(node);
@@ -243,7 +243,7 @@ int Dictionary::GetDivFreq(const spr::stdstyle::string<char>& key,
 int Dictionary::GetPosFreq(const char* key, PosInfoRec& rec,
                            int32_t len) const {
   rec = PosInfoRec();
-  if (posInfo == nullptr) return 0;
+  if (posInfo == nullptr || sizePosInfo <= 0) return 0;
   TrieNode node;
   if (!WalkKey(posTrie, key, len, node)) return 0;
   int32_t index = QR_DaTrie::GetValue(node);
