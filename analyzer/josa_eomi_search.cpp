@@ -39,7 +39,12 @@ const char* MAnalyzer::RestOf(Eojul& e) const {
 
 void MAnalyzer::SetEnding(LevelRec& level, const char* text, Eojul& e) {
   level.ending = text;
-  level.ending.Append(RestOf(e));
+  // RestOf with the surface measured once: the rest's length is what the
+  // surface has beyond the cut (the surface may be cut short in place).
+  const char* surface = e.GetString();
+  const int32_t len = static_cast<int32_t>(std::strlen(surface));
+  const int32_t cut = analysisLength < len ? analysisLength : len;
+  level.ending.Append(surface + cut, len - cut);
 }
 
 jeInfo MAnalyzer::FirstEomiReading(const SearchJEInfo& sjei) const {
