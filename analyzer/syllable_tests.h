@@ -8,8 +8,11 @@
 
 namespace Quorel {
 
+// The last syllable of a stem. A stem holds no NUL within its length (it is
+// cut from NUL-terminated texts, and sound changes write only real syllable
+// codes), so its length is what strlen would measure.
 inline const SyllableRec* LastSyllableOf(const StringEx& text) {
-  return LastSyllable(text.CStr());
+  return LastSyllable(text.CStr(), text.Length());
 }
 
 // The first syllable of a text; null when it is shorter than 2 bytes.
