@@ -10,8 +10,28 @@ cd "$(dirname "$0")/.."
 root=$(pwd)
 build=${BUILD:-$root/build-bench}
 
-cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=Release \
-  -DQRLSL_BUILD_BENCHMARKS=ON -DQRLSL_BUILD_TESTS=OFF >/dev/null
+# The benchmark builds as setup.sh builds the release: link-time optimised,
+# and profile-guided when there is a training text and a knowledge base to
+# train with (see scripts/pgo.sh; QRLSL_PGO=0 measures without).
+. "$root/scripts/pgo.sh"
+configure() {
+  cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=Release \
+    -DQRLSL_BUILD_BENCHMARKS=ON -DQRLSL_BUILD_TESTS=OFF "$@" >/dev/null
+}
+trainWith=${1:-$root/build/knowledge}
+text=$(mktemp /tmp/qrl-pgo-XXXXXX)
+trap 'rm -f "$text"' EXIT
+if [ -f "$trainWith/qrl.klg" ] && pgo_text "$text"; then
+  rm -rf "$build/pgo-profile"
+  configure -DQRLSL_PGO=generate -DQRLSL_PGO_DIR="$build/pgo-profile"
+  cmake --build "$build" -j"$(nproc)" --target qrl
+  pgo_train "$build" "$trainWith" "$text"
+  configure -DQRLSL_PGO=use
+  echo "profile-guided build, trained on $(wc -l <"$text") lines"
+else
+  configure -DQRLSL_PGO=
+  echo "no profile-guided build: no training text or no compiled knowledge at $trainWith"
+fi
 cmake --build "$build" -j"$(nproc)" --target qrl_bench
 
 args=()

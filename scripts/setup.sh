@@ -6,7 +6,8 @@
 # analyses a Korean sample text. With --train, the statistical knowledge
 # (compound-noun frequencies and the frequency model of tagging mode 1) is
 # learnt from a CoNLL-U treebank with Sejong tags; without it the knowledge
-# has none, and mode 1 decides by its rules alone.
+# has none, and mode 1 decides by its rules alone. The build is profile-guided
+# when a training text is found (scripts/pgo.sh; QRLSL_PGO=0 turns it off).
 # Usage: scripts/setup.sh [--train FILE.conllu]... [build-dir]   (default: build)
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -25,11 +26,34 @@ while [ $# -gt 0 ]; do
 done
 
 scripts/install-deps.sh
-cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=Release -DQRLSL_BUILD_TESTS=OFF >/dev/null
+# Link-time optimised, and profile-guided when there is a training text
+# (scripts/pgo.sh): the instrumented build compiles the knowledge and
+# analyses the text, and the final build is optimised by what it saw.
+. "$root/scripts/pgo.sh"
+configure() {
+  cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=Release -DQRLSL_BUILD_TESTS=OFF "$@" >/dev/null
+}
+text=$(mktemp /tmp/qrl-pgo-XXXXXX)
+trap 'rm -f "$text"' EXIT
+pgo=0
+if pgo_text "$text"; then
+  pgo=1
+  rm -rf "$build/pgo-profile"
+  configure -DQRLSL_PGO=generate -DQRLSL_PGO_DIR="$build/pgo-profile"
+else
+  configure -DQRLSL_PGO=
+fi
 cmake --build "$build" -j"$(nproc)"
 
 python3 tools/build_knowledge.py --out "$build/knowledge" --compiler "$build/qrl_compile" \
   ${train[@]+"${train[@]}"} >&2
+
+if [ "$pgo" = 1 ]; then
+  pgo_train "$build" "$build/knowledge" "$text" 2>/dev/null
+  configure -DQRLSL_PGO=use
+  cmake --build "$build" -j"$(nproc)"
+  echo "Profile-guided build, trained on $(wc -l <"$text") lines of text" >&2
+fi
 
 echo "Built: $build/libqrlsl.so, $build/libqrlsl.a, $build/qrl and $build/knowledge/qrl.klg" >&2
 printf '%s\n' "나는 학교에 갔다. 하늘이 맑다!" | "$build/qrl" -f tsv
