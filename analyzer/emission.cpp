@@ -11,14 +11,16 @@ namespace Quorel {
 void MAnalyzer::AddEndings(Eojul& target, int from) {
   for (int k = from; k >= 0; --k) {
     if (!levels[k].ending.IsEmpty()) {
-      target.AddMorpheme(levels[k].ending.CStr(), levels[k].endingBits);
+      target.AddMorpheme(levels[k].ending.CStr(), levels[k].ending.Length(),
+                         levels[k].endingBits);
     }
   }
 }
 
 int MAnalyzer::Emit(Eojul& e, uint32_t mask) {
   e.BeginCandidate();
-  e.AddMorpheme(levels[levelIndex].stem.CStr(), mask);
+  e.AddMorpheme(levels[levelIndex].stem.CStr(), levels[levelIndex].stem.Length(),
+                mask);
   AddEndings(e, levelIndex);
   e.EndCandidate();
   return RouteStatus::kCandidate;
@@ -29,7 +31,8 @@ int MAnalyzer::EmitLed(Eojul& e, uint32_t mask, const char* lead) {
     return Emit(e, mask);
   }
   e.BeginCandidate();
-  e.AddMorpheme(levels[levelIndex].stem.CStr(), mask);
+  e.AddMorpheme(levels[levelIndex].stem.CStr(), levels[levelIndex].stem.Length(),
+                mask);
   e.AddMorpheme(lead, Pos::EM);
   e.EndCandidate();
   return RouteStatus::kCandidate;
@@ -108,13 +111,15 @@ int MAnalyzer::AuxSplitWith(bool eoOnLevelZero) {
       // The levels above 0 as they stand, then level 0 or "어".
       for (int k = levelIndex; k >= 1; --k) {
         if (!levels[k].ending.IsEmpty()) {
-          tail.AddMorpheme(levels[k].ending.CStr(), levels[k].endingBits);
+          tail.AddMorpheme(levels[k].ending.CStr(), levels[k].ending.Length(),
+                           levels[k].endingBits);
         }
       }
       if (levels[0].ending.IsEmpty()) {
         tail.AddMorpheme(Hangul::kEo, Pos::EM);
       } else {
-        tail.AddMorpheme(levels[0].ending.CStr(), levels[0].endingBits);
+        tail.AddMorpheme(levels[0].ending.CStr(), levels[0].ending.Length(),
+                         levels[0].endingBits);
       }
     } else if (level.ending.IsEmpty()) {
       tail.AddMorpheme(Hangul::kEo, Pos::EM);

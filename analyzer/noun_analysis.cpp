@@ -257,7 +257,7 @@ int MAnalyzer::AnalyzeNoun(Eojul& e, int mode, int level) {
       const int syllables = static_cast<unsigned char>(pattern[i + 1]);
       for (int k = 0; k < syllables && start + 2 <= textLength; ++k) {
         takePiece(2);
-        e.AddMorpheme(pieceText.CStr(), mask);
+        e.AddMorpheme(pieceText.CStr(), pieceText.Length(), mask);
         if (contextCode > 0 && start == textLength && pendingNounSuffix > 0 &&
             (foundMask & Pos::VC) == 0 && pieceText == Hangul::Noun::kIn) {
           verbState = 3;
@@ -305,7 +305,7 @@ int MAnalyzer::AnalyzeNoun(Eojul& e, int mode, int level) {
           }
         }
       }
-      if (piece) e.AddMorpheme(pieceText.CStr(), mask);
+      if (piece) e.AddMorpheme(pieceText.CStr(), pieceText.Length(), mask);
       i += 2;
     } else if (b == '@') {
       // 8. A group ends: its tail, its score, and the next candidate.
@@ -323,7 +323,7 @@ int MAnalyzer::AnalyzeNoun(Eojul& e, int mode, int level) {
       const bool marked = piece && dictionary->SearchMain(pieceText, si) != 0 &&
                           (si.info.marks & 1) != 0;
       const uint32_t mask = marked ? Pos::NFG : Pos::NNG;
-      if (piece) e.AddMorpheme(pieceText.CStr(), mask);
+      if (piece) e.AddMorpheme(pieceText.CStr(), pieceText.Length(), mask);
       if (mask == Pos::NFG && (pattern[i + 1] == 'Y' || pattern[i + 1] == 'U')) {
         sentinel = kUnknownSentinel;
       }

@@ -91,7 +91,8 @@ int MAnalyzer::CommitStemEnds(Eojul& e) {
       }
     }
     const size_t endingLength = std::strlen(e.GetString() + entry.length);
-    e.AddMorpheme(e.GetString() + entry.length, entry.reading.bits);
+    e.AddMorpheme(e.GetString() + entry.length,
+                  static_cast<uint32_t>(endingLength), entry.reading.bits);
     e.SetCandidateScore(OpenScore(e) + EndingBonus(endingLength));
     e.EndCandidate();
     if (firstEndingLength >= 4 && !firstIsRoga) return 1;

@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include "eojul/tag_set.h"
+#include "text/strings.h"
 
 namespace Quorel {
 
@@ -284,15 +285,22 @@ void Eojul::BeginCandidate() {
 
 void Eojul::AddMorpheme(const char* lexicon, unsigned pos) {
   if (lexicon == nullptr) lexicon = "";
+  AddMorpheme(lexicon, static_cast<uint32_t>(std::strlen(lexicon)), pos);
+}
+
+void Eojul::AddMorpheme(const char* lexicon, uint32_t length, unsigned pos) {
+  if (lexicon == nullptr) {
+    lexicon = "";
+    length = 0;
+  }
   if (morphemeUsed < 2) morphemeUsed = 2;
-  uint32_t length = static_cast<uint32_t>(std::strlen(lexicon));
   // A lexicon taken from our own pool must survive a Grow.
   bool own = lexicon >= text && lexicon < text + capacity;
   uint32_t ownOffset = own ? static_cast<uint32_t>(lexicon - text) : 0;
   EnsureTextRoom(length);
   if (own) lexicon = text + ownOffset;
   uint32_t at = textUsed;
-  std::memmove(text + at, lexicon, length);
+  spr::stdstyle::MoveBytes(text + at, lexicon, length);
   text[at + length] = 0;
   EnsureMorphemeRoom();
   morphemes[morphemeUsed] = pos;

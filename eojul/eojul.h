@@ -101,6 +101,9 @@ class Eojul final : public QR_Eojul {
   // EndCandidate. REQUIRES: SetText first.
   void BeginCandidate();
   void AddMorpheme(const char* lexicon, unsigned pos);
+  // The same for a lexicon of `length` bytes with no NUL among them (a
+  // StringEx's text): nothing is measured. It may lie in our own storage.
+  void AddMorpheme(const char* lexicon, uint32_t length, unsigned pos);
   // A morpheme whose lexicon is the surface itself (no copy).
   void AddSurfaceMorpheme(unsigned pos);
   void EndCandidate();

@@ -342,5 +342,36 @@ TEST(EojulTest, SurfaceFromItsOwnStorageSurvivesSetText) {
   EXPECT_EQ(std::string(e.GetLexicon(0, 0)), longText);
 }
 
+TEST(EojulTest, MorphemeOfKnownLengthTakesExactlyThoseBytes) {
+  Eojul e;
+  e.SetText("abcdef", 0);
+  e.BeginCandidate();
+  e.AddMorpheme("stemXYZ", 4u, Pos::NNG);  // no terminator at byte 4
+  e.AddMorpheme("", 0u, Pos::JKG);
+  e.AddMorpheme(nullptr, 3u, Pos::NNP);    // null: the empty lexicon
+  e.EndCandidate();
+  ASSERT_EQ(e.GetCount(0), 3);
+  EXPECT_STREQ(e.GetLexicon(0, 0), "stem");
+  EXPECT_STREQ(e.GetLexicon(0, 1), "");
+  EXPECT_STREQ(e.GetLexicon(0, 2), "");
+  EXPECT_EQ(e.GetPOS(0, 2), Pos::NNP);
+}
+
+TEST(EojulTest, MorphemeOfKnownLengthFromOwnStorageSurvivesGrowth) {
+  Eojul e;
+  std::string longText(400, 'q');
+  longText.replace(0, 3, "abc");
+  e.SetText(longText.c_str(), 0);
+  e.BeginCandidate();
+  // The whole surface and then its tail from byte 3, both from our own pool,
+  // each long enough to make the text area grow.
+  e.AddMorpheme(e.GetString(), 400u, Pos::NNG);
+  e.AddMorpheme(e.GetString() + 3, 397u, Pos::JKG);
+  e.EndCandidate();
+  EXPECT_EQ(std::string(e.GetLexicon(0, 0)), longText);
+  EXPECT_EQ(std::string(e.GetLexicon(0, 1)), longText.substr(3));
+  EXPECT_EQ(std::string(e.GetString()), longText);
+}
+
 }  // namespace
 }  // namespace Quorel
