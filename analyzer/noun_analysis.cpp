@@ -43,7 +43,13 @@ constexpr int kSuffix = 88;     // X
 
 // Letters that carry a length byte behind them.
 bool IsLengthLetter(unsigned char c) {
-  return c != 0 && std::strchr("BCDIJNPUXY", c) != nullptr;
+  switch (c) {
+    case 'B': case 'C': case 'D': case 'I': case 'J':
+    case 'N': case 'P': case 'U': case 'X': case 'Y':
+      return true;
+    default:
+      return false;
+  }
 }
 
 // A pattern byte ends the walk when it is '$' or not above 0 as a signed
