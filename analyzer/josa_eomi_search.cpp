@@ -153,7 +153,10 @@ int MAnalyzer::AnalyzeSplit(Eojul& e, const SearchJEInfo& sjei) {
         } else if ((NounStem(e, 0x4200046F) & RouteStatus::kCandidate) != 0) {
           result |= RouteStatus::kCandidate;
           foundMask |= Pos::J_;
-          if (std::strlen(curJe.text) == 2 && NoPlainWordClass(foundMask)) {
+          // A josa of exactly two bytes, without measuring it.
+          const char* josa = curJe.text;
+          if (josa[0] != 0 && josa[1] != 0 && josa[2] == 0 &&
+              NoPlainWordClass(foundMask)) {
             compoundState = 2;
           }
         }
