@@ -5,10 +5,16 @@
 
 #include <atomic>
 #include <cstring>
+#include <new>
 
 namespace Quorel {
 
 namespace {
+
+// FromWide measures at most this many bytes and cuts a longer text there; the
+// inward text keeps that road from this length on, so that its bytes stay
+// the same.
+constexpr jsize kOnePassLimit = 0x7FFFFFF;
 
 // Filled on first use and kept for the life of the process. A thread that
 // loses the race for the class drops its own global reference.
@@ -148,14 +154,26 @@ InwardText::InwardText(JNIEnv* env, jstring text) : cp949(nullptr, FreeBytes) {
     env->DeleteLocalRef(bytes);
     return;
   }
-  std::unique_ptr<char[]> utf8(new char[static_cast<size_t>(length) + 1]);
-  std::memcpy(utf8.get(), elements, static_cast<size_t>(length));
-  utf8[length] = 0;
+  // The text ends at its first NUL, as the C string of the two-step road did.
+  const char* utf8 = reinterpret_cast<const char*>(elements);
+  const void* nul = std::memchr(utf8, 0, static_cast<size_t>(length));
+  const jsize used = nul != nullptr ? static_cast<jsize>(static_cast<const char*>(nul) - utf8)
+                                    : length;
+  if (used < kOnePassLimit) {
+    // One pass, no wide copy: no character grows, so used + 1 bytes hold it.
+    char* out = new (std::nothrow) char[static_cast<size_t>(used) + 1];
+    if (out != nullptr) Utf8ToCp949(out, utf8, used);
+    cp949.reset(out);
+  } else {
+    std::unique_ptr<char[]> copy(new char[static_cast<size_t>(used) + 1]);
+    std::memcpy(copy.get(), utf8, static_cast<size_t>(used));
+    copy[used] = 0;
+    std::unique_ptr<WideChar, void (*)(WideChar*)> wide(ToWide(copy.get(), "utf-8"),
+                                                        FreeWide);
+    cp949.reset(FromWide(wide.get(), "cp949"));
+  }
   env->ReleaseByteArrayElements(bytes, elements, JNI_ABORT);
   env->DeleteLocalRef(bytes);
-  std::unique_ptr<WideChar, void (*)(WideChar*)> wide(
-      ToWide(utf8.get(), "utf-8"), FreeWide);
-  cp949.reset(FromWide(wide.get(), "cp949"));
 }
 
 jstring OutwardText(JNIEnv* env, const char* text) {
