@@ -58,7 +58,12 @@ inline std::string Convert(const std::string& text, const char* from,
 
 // CP949 form of UTF-8 text; "" when CP949 can't hold all of it.
 inline std::string ToCp949(const std::string& utf8) {
-  std::string cp949 = Convert(utf8, "utf-8", "cp949");
+  // The input road in one pass, up to the first NUL as a C string ends; no
+  // character grows, so n + 1 bytes hold it.
+  const size_t n = std::strlen(utf8.c_str());
+  std::string cp949(n + 1, '\0');
+  cp949.resize(static_cast<size_t>(
+      Utf8ToCp949(&cp949[0], utf8.data(), static_cast<int32_t>(n))));
   if (cp949.empty() || Convert(cp949, "cp949", "utf-8") != utf8) return "";
   return cp949;
 }
