@@ -41,17 +41,6 @@ constexpr int kCopula = 86;     // V
 constexpr int kDriver = 87;     // W
 constexpr int kSuffix = 88;     // X
 
-// Letters that carry a length byte behind them.
-bool IsLengthLetter(unsigned char c) {
-  switch (c) {
-    case 'B': case 'C': case 'D': case 'I': case 'J':
-    case 'N': case 'P': case 'U': case 'X': case 'Y':
-      return true;
-    default:
-      return false;
-  }
-}
-
 // A pattern byte ends the walk when it is '$' or not above 0 as a signed
 // byte (255 stands for "no group").
 bool EndsWalk(char c) { return c == '$' || static_cast<signed char>(c) <= 0; }
@@ -81,7 +70,7 @@ PatternFacts ReadFacts(const char* pattern) {
       groupUnknown = true;
     }
     if (c == 'J' || c == 'C') facts.josaOrConj = true;
-    i += IsLengthLetter(c) && pattern[i + 1] != 0 ? 2 : 1;
+    i += IsMarkedLetter(c) && pattern[i + 1] != 0 ? 2 : 1;
   }
   facts.eachGroupUnknown = facts.eachGroupUnknown && groupUnknown;
   return facts;
@@ -271,7 +260,7 @@ int MAnalyzer::AnalyzeNoun(Eojul& e, int mode, int level) {
       }
       if (pattern[i + 1] == 0) break;
       i += 2;
-    } else if (IsLengthLetter(b)) {
+    } else if (IsMarkedLetter(b)) {
       // 7.2 A piece whose class its letter tells.
       if (pattern[i + 1] == 0) break;
       const int length = static_cast<unsigned char>(pattern[i + 1]);

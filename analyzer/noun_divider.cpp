@@ -18,17 +18,6 @@ bool HasTag(uint32_t bits, uint32_t tag) { return (bits & tag) == tag; }
 
 bool Same2(const char* a, const char* b) { return std::memcmp(a, b, 2) == 0; }
 
-// Letters that the pattern string carries before a length.
-bool IsMarkedLetter(char c) {
-  switch (c) {
-    case 'B': case 'C': case 'D': case 'I': case 'J':
-    case 'N': case 'P': case 'U': case 'X': case 'Y':
-      return true;
-    default:
-      return false;
-  }
-}
-
 // The numeric attribute of a bound noun's extra text, 0 without one.
 int Attribute(const SearchInfo& si) {
   return si.nnbText != nullptr ? std::atoi(si.nnbText) : 0;

@@ -27,6 +27,17 @@ constexpr unsigned char kNoHit = 'S'; // hitIndex of an element no hit gave
 // Hits kept per word, so that a hit index never reads as kNoHit.
 constexpr int kMaxDivHits = 80;
 
+// Letters that the pattern string carries before a length byte.
+inline bool IsMarkedLetter(unsigned char c) {
+  switch (c) {
+    case 'B': case 'C': case 'D': case 'I': case 'J':
+    case 'N': case 'P': case 'U': case 'X': case 'Y':
+      return true;
+    default:
+      return false;
+  }
+}
+
 // One piece of a division. length in syllables; 0 ends the used elements,
 // -1 in element 0 marks a dead row. Letters: ' ' noun, 'B' NNB, 'C' one-
 // syllable conjunction, 'D' NU, 'I' NNI, 'J' josa, 'M' proper-noun piece,
