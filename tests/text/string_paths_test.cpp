@@ -98,7 +98,7 @@ TEST(StringPathsTest, SourcesInsideTheOwnStorage) {
 TEST(StringPathsTest, MoveBytesAsMemmoveForEveryShortLengthAndOverlap) {
   for (size_t n = 0; n <= 40; ++n) {
     for (int shift = -20; shift <= 20; ++shift) {
-      std::string moved = Letters(80), expected = moved;
+      std::string moved = Letters(100), expected = moved;
       char* to = &moved[30 + shift];
       spr::stdstyle::MoveBytes(to, &moved[30], n);
       std::memmove(&expected[30 + shift], &expected[30], n);
