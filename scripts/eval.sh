@@ -34,7 +34,11 @@ variants() {
   done
 }
 echo "== GSD dev"
-summary=$(eval_tool -e 15 "$gsd" | tee /dev/stderr | sed -n 1p)
+# Printed through our own standard error: tee on /dev/stderr would reopen a
+# log file that it is redirected to and cut what came before.
+report=$(eval_tool -e 15 "$gsd")
+printf '%s\n' "$report" >&2
+summary=$(printf '%s\n' "$report" | sed -n 1p)
 echo "variants of the comparison:"
 variants "$gsd"
 kaist=$corpus/ud-korean-kaist/ko_kaist-ud-dev.conllu
