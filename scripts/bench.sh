@@ -4,6 +4,7 @@
 # allocations per eojul. The corpus figures need ../shared/corpus and are
 # skipped when it is absent. Never part of the test suite.
 # Usage: scripts/bench.sh [KNOWLEDGE_DIR [qrl_bench options...]]
+#   (default knowledge: build/knowledge, which scripts/setup.sh builds)
 #   (default build dir: build-bench; set BUILD=dir to change it)
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -18,7 +19,15 @@ configure() {
   cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=Release \
     -DQRLSL_BUILD_BENCHMARKS=ON -DQRLSL_BUILD_TESTS=OFF "$@" >/dev/null
 }
-trainWith=${1:-$root/build/knowledge}
+# The knowledge measured (and trained with): the one setup.sh builds, unless
+# a directory is named.
+knowledge=${1:-$root/build/knowledge}
+[ $# -gt 0 ] && shift
+if [ ! -f "$knowledge/qrl.klg" ] && ! compgen -G "$knowledge/*.dic" >/dev/null; then
+  echo "bench: no knowledge at $knowledge; run scripts/setup.sh first, or name a knowledge directory" >&2
+  exit 2
+fi
+trainWith=$knowledge
 text=$(mktemp /tmp/qrl-pgo-XXXXXX)
 trap 'rm -f "$text"' EXIT
 if [ -f "$trainWith/qrl.klg" ] && pgo_text "$text"; then
@@ -34,11 +43,7 @@ else
 fi
 cmake --build "$build" -j"$(nproc)" --target qrl_bench
 
-args=()
-if [ $# -gt 0 ]; then
-  args+=(--knowledge "$1")
-  shift
-fi
+args=(--knowledge "$knowledge")
 corpus=$root/../shared/corpus
 if [ -d "$corpus" ]; then
   args+=(--corpus "$corpus")
