@@ -174,12 +174,14 @@ class Dictionary : public QR_Knowledge {
   double weight5 = 0.0;
 
  private:
-  // Walks every byte of key (up to len or the NUL). True when the walk
-  // succeeded and ended on a whole key; node.value then holds its value.
-  static bool WalkKey(const QR_DaTrie& trie, const char* key, int32_t len,
-                      TrieNode& node);
-  // Fills the four text pointers of si from its record's offsets.
-  void SetTexts(SearchInfo& si) const;
+  // The value bytes of the whole key (up to len, 0 meaning no limit, or the
+  // NUL), or null; length gets the bytes walked on a hit.
+  static const unsigned char* KeyValue(const QR_DaTrie& trie, const char* key,
+                                       int32_t len, int32_t& length);
+  // Whether a user-noun hit text[start..i] of SearchAll's foreignOnly mode
+  // is taken: the entry is a user noun and its text is not plain Hangul.
+  static bool IsForeignHit(const unsigned char* text, int32_t start,
+                           int32_t i, const MainTrieInfo& info);
 };
 
 }  // namespace Quorel

@@ -19,6 +19,9 @@ namespace Quorel {
 
 // Ends every key and every tail rest.
 constexpr unsigned char kTrieEnd = ';';
+// CodeMap[kTrieEnd], the code of the terminator transition, as a constant of
+// the walks.
+constexpr unsigned char kTrieEndCode = 0x4F;
 
 // One cell of the double array. In use: check > 0 is the parent state;
 // base > 0 the offset of the children, base < 0 a leaf whose key rest starts
@@ -71,6 +74,20 @@ class QR_DaTrie {
   // its transition, else 0.
   inline int WalkBytes(const unsigned char* key, int32_t len,
                        TrieNode& node) const;
+  // The value bytes of the whole key key[0..len), the key ending early at a
+  // NUL; null when it is no key, is empty or the trie was not created.
+  // `length` gets the bytes of the key (up to len or the NUL) on a hit.
+  // The answer of Walk over every byte, with the arrays held in locals.
+  inline unsigned char* ValueOf(const unsigned char* key, int32_t len,
+                                int32_t& length) const;
+  // Walks key[i] for i = begin, begin + step, ... while i < end (step 1) or
+  // i > end (step -1), as Walk from the root would, stopping at the first
+  // byte without a transition and, with stopAtNul, at a NUL. After each byte
+  // behind which a whole key ends it calls onValue(i, value bytes); a false
+  // answer ends the walk.
+  template <int step, bool stopAtNul, class OnValue>
+  inline void WalkPrefixes(const unsigned char* key, int32_t begin,
+                           int32_t end, OnValue&& onValue) const;
 
   // The 32-bit value at node.value. REQUIRES: node.value not null.
   static int32_t GetValue(const TrieNode& node) {
@@ -162,7 +179,7 @@ inline int QR_DaTrie::Walk(unsigned char byte, TrieNode& node) const {
   if (base >= 0) {
     node.state = t;
     // A key that ends here has a terminator transition to a bare record.
-    const int32_t u = CodeMap[kTrieEnd] + base;
+    const int32_t u = kTrieEndCode + base;
     if (bc[u].check == t && bc[u].check >= 1 && bc[u].base < 0) {
       node.value = tail - bc[u].base;
     }
@@ -192,6 +209,78 @@ inline int QR_DaTrie::WalkBytes(const unsigned char* key, int32_t len,
     node.state = base >= 0 ? t : base;
   }
   return Walk(key[i], node);
+}
+
+inline unsigned char* QR_DaTrie::ValueOf(const unsigned char* key,
+                                         int32_t len, int32_t& length) const {
+  if (bc == nullptr || len <= 0 || key[0] == 0) return nullptr;
+  const TrieCell* const cells = bc;
+  const int32_t last = bcPos;
+  int32_t state = 1;
+  int32_t base = 0;
+  int32_t i = 0;
+  do {
+    const int32_t t = CodeMap[key[i]] + cells[state].base;
+    if (t > last || cells[t].check != state) return nullptr;
+    base = cells[t].base;
+    ++i;
+    if (base < 0) {
+      // A leaf: the rest of the key must match the tail up to its ";".
+      unsigned char* p = tail - base;
+      for (; i < len && key[i] != 0; ++i, ++p) {
+        if (*p != key[i]) return nullptr;
+      }
+      length = i;
+      return *p == kTrieEnd ? p + 1 : nullptr;
+    }
+    state = t;
+  } while (i < len && key[i] != 0);
+  length = i;
+  const TrieCell& end = cells[kTrieEndCode + base];
+  if (end.check == state && state >= 1 && end.base < 0) {
+    return tail - end.base;
+  }
+  return nullptr;
+}
+
+template <int step, bool stopAtNul, class OnValue>
+inline void QR_DaTrie::WalkPrefixes(const unsigned char* key, int32_t begin,
+                                    int32_t end, OnValue&& onValue) const {
+  static_assert(step == 1 || step == -1, "one byte forward or backward");
+  if (bc == nullptr) return;
+  const TrieCell* const cells = bc;
+  const int32_t last = bcPos;
+  unsigned char* const rest = tail;
+  int32_t state = 1;  // as TrieNode::state
+  for (int32_t i = begin; step > 0 ? i < end : i > end; i += step) {
+    const unsigned char c = key[i];
+    if (stopAtNul && c == 0) return;
+    unsigned char* value;
+    if (state < 1) {
+      unsigned char* p = rest - state;
+      if (*p != c) return;
+      state -= 1;
+      if (p[1] != kTrieEnd) continue;
+      value = p + 2;
+    } else {
+      const int32_t t = CodeMap[c] + cells[state].base;
+      if (t > last || cells[t].check != state) return;
+      const int32_t base = cells[t].base;
+      if (base >= 0) {
+        state = t;
+        const TrieCell& u = cells[kTrieEndCode + base];
+        if (u.check != t || t < 1 || u.base >= 0) continue;
+        value = rest - u.base;
+      } else {
+        state = base;
+        unsigned char* p = rest - base;
+        if (*p != kTrieEnd) continue;
+        value = p + 1;
+      }
+    }
+    // One call site, so that the callback is inlined.
+    if (!onValue(i, value)) return;
+  }
 }
 
 }  // namespace Quorel

@@ -3,8 +3,11 @@
 // and tail paths, with lengths that stop early or run into a NUL.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstring>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "trie/qr_datrie.h"
@@ -80,6 +83,112 @@ TEST_F(WalkBytesTest, StopsAtANulInsideTheLength) {
   EXPECT_EQ(1, trie.WalkBytes(reinterpret_cast<const unsigned char*>(""), 5, empty));
   EXPECT_EQ(nullptr, empty.value);
   EXPECT_EQ(1, empty.state);
+}
+
+// The hits (position, value bytes) of Walk over key[begin], key[begin+step],
+// ... from the root, as WalkPrefixes promises them.
+std::vector<std::pair<int32_t, const unsigned char*>> HitsByWalk(
+    const QR_DaTrie& trie, const std::string& key, int32_t begin, int32_t end,
+    int step, bool stopAtNul) {
+  std::vector<std::pair<int32_t, const unsigned char*>> hits;
+  TrieNode node;
+  for (int32_t i = begin; step > 0 ? i < end : i > end; i += step) {
+    const auto c = static_cast<unsigned char>(key[i]);
+    if (stopAtNul && c == 0) break;
+    if (trie.Walk(c, node) == 0) break;
+    if (node.value != nullptr) hits.emplace_back(i, node.value);
+  }
+  return hits;
+}
+
+template <int step, bool stopAtNul>
+std::vector<std::pair<int32_t, const unsigned char*>> HitsByPrefixes(
+    const QR_DaTrie& trie, const std::string& key, int32_t begin,
+    int32_t end) {
+  std::vector<std::pair<int32_t, const unsigned char*>> hits;
+  trie.WalkPrefixes<step, stopAtNul>(
+      reinterpret_cast<const unsigned char*>(key.data()), begin, end,
+      [&hits](int32_t i, const unsigned char* value) {
+        hits.emplace_back(i, value);
+        return true;
+      });
+  return hits;
+}
+
+// Keys, keys with a byte more or less, and keys followed by the terminator
+// byte, a NUL and more (walks that run past a tail's ";").
+std::vector<std::string> Probes(const std::vector<std::string>& keys) {
+  std::vector<std::string> probes;
+  for (const std::string& key : keys) {
+    probes.push_back(key);
+    probes.push_back(key + "e");
+    probes.push_back(key.substr(0, key.size() - 1));
+    probes.push_back(key + ";" + std::string(1, '\0') + "ab");
+    probes.push_back(key + std::string(1, '\0') + "ab");
+    probes.push_back("c" + key);
+  }
+  return probes;
+}
+
+TEST_F(WalkBytesTest, ValueOfAnswersAsWalk) {
+  for (const std::string& probe : Probes(keys)) {
+    const auto size = static_cast<int32_t>(probe.size());
+    for (int32_t len = 0; len <= size + 1; ++len) {
+      TrieNode node;
+      const int walked = WalkEach(trie, probe, len, node);
+      const int32_t bytes = static_cast<int32_t>(
+          std::min<size_t>(static_cast<size_t>(len), std::strlen(probe.c_str())));
+      int32_t length = -1;
+      const unsigned char* value = trie.ValueOf(
+          reinterpret_cast<const unsigned char*>(probe.c_str()), len, length);
+      EXPECT_EQ(walked != 0 && bytes > 0 ? node.value : nullptr, value)
+          << probe << " " << len;
+      if (value != nullptr) {
+        EXPECT_EQ(bytes, length) << probe << " " << len;
+      }
+    }
+  }
+}
+
+TEST_F(WalkBytesTest, WalkPrefixesHitsAsWalkBothWays) {
+  for (const std::string& probe : Probes(keys)) {
+    const auto size = static_cast<int32_t>(probe.size());
+    for (int32_t begin = 0; begin < size; ++begin) {
+      EXPECT_EQ((HitsByWalk(trie, probe, begin, size, 1, true)),
+                (HitsByPrefixes<1, true>(trie, probe, begin, size)))
+          << probe << " " << begin;
+      EXPECT_EQ((HitsByWalk(trie, probe, begin, size, 1, false)),
+                (HitsByPrefixes<1, false>(trie, probe, begin, size)))
+          << probe << " " << begin;
+      EXPECT_EQ((HitsByWalk(trie, probe, begin, 0, -1, false)),
+                (HitsByPrefixes<-1, false>(trie, probe, begin, 0)))
+          << probe << " " << begin;
+    }
+  }
+}
+
+TEST_F(WalkBytesTest, WalkPrefixesStopsWhenTheCallbackSaysSo) {
+  const std::string probe = keys[0] + keys[1];
+  const auto all = HitsByWalk(trie, probe, 0, 64, 1, true);
+  ASSERT_FALSE(all.empty());
+  int calls = 0;
+  trie.WalkPrefixes<1, true>(
+      reinterpret_cast<const unsigned char*>(probe.c_str()), 0, 64,
+      [&calls](int32_t, const unsigned char*) { return ++calls < 1; });
+  EXPECT_EQ(1, calls);
+}
+
+TEST(WalkPrefixesEmpty, ATrieNeverCreatedHasNoHits) {
+  QR_DaTrie trie;
+  int32_t length = 0;
+  EXPECT_EQ(nullptr, trie.ValueOf(reinterpret_cast<const unsigned char*>("ab"), 2, length));
+  bool called = false;
+  trie.WalkPrefixes<1, true>(reinterpret_cast<const unsigned char*>("ab"), 0, 2,
+                             [&called](int32_t, const unsigned char*) {
+                               called = true;
+                               return true;
+                             });
+  EXPECT_FALSE(called);
 }
 
 }  // namespace
