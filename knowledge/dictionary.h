@@ -126,6 +126,11 @@ class Dictionary : public QR_Knowledge {
   int GetPosFreq(const spr::stdstyle::string<char>& key, PosInfoRec& rec,
                  int32_t len = 0) const;
 
+  // Builds the root-pair index of the tries that the analyzers look up
+  // most; LoadKnowledge does it at its end. After Inserts (user nouns) the
+  // lookups stay right but walk byte by byte until it is called again.
+  void IndexLookupTries();
+
   // True when the user noun `word` fits its composition pattern.
   static bool CheckUserNoun(const char* word, const char* pattern);
 

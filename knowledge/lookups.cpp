@@ -136,15 +136,28 @@ int Dictionary::SearchJE(const char* key, SearchJEInfo& sjei,
   sjei.length = 0;
   if (key == nullptr) return 0;
   if (len == 0) len = static_cast<int32_t>(std::strlen(key));
+  const auto* text = reinterpret_cast<const unsigned char*>(key);
   TrieNode node;
-  // No NUL test here: the walk fails on it.
-  for (int32_t i = 0; i < len; ++i) {
-    if (jeTrie.Walk(static_cast<unsigned char>(key[i]), node) == 0) break;
-    if (node.value == nullptr) continue;
-    int32_t index = QR_DaTrie::GetValue(node);
-    if (index < 0 || static_cast<size_t>(index) >= jeInfos.size()) continue;
+  // The record of a key that ends behind byte i, if it is one.
+  auto take = [&](int32_t i) {
+    const int32_t index = QR_DaTrie::GetValue(node);
+    if (index < 0 || static_cast<size_t>(index) >= jeInfos.size()) return;
     sjei.length = i + 1;
     sjei.jeti = jeInfos[index];
+  };
+  int32_t i = 0;
+  if (len >= 2) {
+    const int paired = jeTrie.WalkRootPair(text[0], text[1], node);
+    if (paired == 0) return 0;
+    if (paired == 1) {
+      if (node.value != nullptr) take(1);
+      i = 2;
+    }
+  }
+  // No NUL test here: the walk fails on it.
+  for (; i < len; ++i) {
+    if (jeTrie.Walk(text[i], node) == 0) break;
+    if (node.value != nullptr) take(i);
   }
   return sjei.length;
 }
