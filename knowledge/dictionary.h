@@ -189,6 +189,30 @@ class Dictionary : public QR_Knowledge {
                            int32_t i, const MainTrieInfo& info);
 };
 
+// Inline: the analyzers ask for one class after another on every split.
+inline jeInfo& Dictionary::GetJEInfo(jeInfo& out, const SearchJEInfo& sjei,
+                                     int type) const {
+  out = jeInfo();
+  int32_t index = -1;
+  switch (type) {
+    case 0: index = sjei.jeti.josaInfo; break;
+    case 1: index = sjei.jeti.eomiInfo0; break;
+    case 5: index = sjei.jeti.eomiInfo5; break;
+    case 9: index = sjei.jeti.eomiInfo9; break;
+    case 17: index = sjei.jeti.eomiInfo17; break;
+    case 19: index = sjei.jeti.eomiInfo19; break;
+    default: return out;
+  }
+  if (index < 0 || index >= jePool.count) return out;
+  uint32_t offset = jePool.offset[index];
+  if (offset >= static_cast<uint32_t>(jePool.text.used)) return out;
+  out.text = jePool.text.At(static_cast<int32_t>(offset));
+  out.bits = jePool.bits[index];
+  out.attach = jePool.attach[index];
+  out.type = jePool.type[index];
+  return out;
+}
+
 }  // namespace Quorel
 
 #endif  // QRLSL_KNOWLEDGE_DICTIONARY_H_

@@ -167,29 +167,6 @@ int Dictionary::SearchJE(const spr::stdstyle::string<char>& key,
   return SearchJE(key.CStr(), sjei, EffectiveLength(key, len));
 }
 
-jeInfo& Dictionary::GetJEInfo(jeInfo& out, const SearchJEInfo& sjei,
-                              int type) const {
-  out = jeInfo();
-  int32_t index = -1;
-  switch (type) {
-    case 0: index = sjei.jeti.josaInfo; break;
-    case 1: index = sjei.jeti.eomiInfo0; break;
-    case 5: index = sjei.jeti.eomiInfo5; break;
-    case 9: index = sjei.jeti.eomiInfo9; break;
-    case 17: index = sjei.jeti.eomiInfo17; break;
-    case 19: index = sjei.jeti.eomiInfo19; break;
-    default: return out;
-  }
-  if (index < 0 || index >= jePool.count) return out;
-  uint32_t offset = jePool.offset[index];
-  if (offset >= static_cast<uint32_t>(jePool.text.used)) return out;
-  out.text = jePool.text.At(static_cast<int32_t>(offset));
-  out.bits = jePool.bits[index];
-  out.attach = jePool.attach[index];
-  out.type = jePool.type[index];
-  return out;
-}
-
 int Dictionary::CheckAttach(const SyllableRec& syllable, const jeInfo& jei) {
   const bool closed = (syllable.flags & 0x1) != 0;
   if ((jei.attach & 0x4) && syllable.jongseong == 9) return 1;
