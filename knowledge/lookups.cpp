@@ -21,6 +21,12 @@ inline bool InRange(unsigned char c, int low, int high) {
 
 // Points the four texts of si at the pool texts of its record's offsets.
 inline void SetTexts(const TextPool& pool, SearchInfo& si) {
+  const MainTrieInfo& info = si.info;
+  if ((info.nnbInfo & info.nnpInfo & info.nnuInfo & info.nuInfo) < 0) {
+    // All four offsets negative, as for most words: no texts.
+    si.nnbText = si.nnpText = si.nnuText = si.nuText = nullptr;
+    return;
+  }
   const char* const buffer = pool.buffer;
   const int32_t used = pool.used;
   auto text = [buffer, used](int32_t offset) -> const char* {
@@ -72,7 +78,17 @@ int Dictionary::SearchAll(const char* key, std::vector<SearchInfo>& results,
   const auto* text = reinterpret_cast<const unsigned char*>(key);
   const MainTrieInfo* const infos = mainInfos.data();
   const size_t infoCount = mainInfos.size();
-  SearchInfo prevSi;
+  // With keepLongest, the last hit taken (its end is above 0).
+  const MainTrieInfo* longest = nullptr;
+  int32_t longestEnd = -1;
+  auto append = [&](int32_t end, const MainTrieInfo& info) {
+    SearchInfo si;
+    si.start = start;
+    si.end = end;
+    si.info = info;
+    SetTexts(mainPool, si);
+    results.push_back(si);
+  };
   // len 0 walks to the NUL, as the loop would after a strlen.
   mainTrie.WalkPrefixes<1, true>(
       text, start, len == 0 ? INT32_MAX : len,
@@ -88,19 +104,15 @@ int Dictionary::SearchAll(const char* key, std::vector<SearchInfo>& results,
         if (allowShort == 0 && i + 1 - start < (foreignOnly == 1 ? 2 : 3)) {
           return true;
         }
-        SearchInfo si;
-        si.start = start;
-        si.end = i + 1;
-        si.info = info;
-        SetTexts(mainPool, si);
         if (keepLongest == 1) {
-          prevSi = si;
+          longest = &info;
+          longestEnd = i + 1;
         } else {
-          results.push_back(si);
+          append(i + 1, info);
         }
         return true;
       });
-  if (keepLongest == 1 && prevSi.end >= 1) results.push_back(prevSi);
+  if (keepLongest == 1 && longestEnd >= 1) append(longestEnd, *longest);
   return static_cast<int>(results.size());
 }
 
