@@ -46,14 +46,21 @@ std::string Usable(const std::string& utf8) {
   }
 }
 
-// Morphemes of the corpus by source file: file name to CP949 forms.
-std::map<std::string, std::set<std::string>> CollectMorphemes() {
-  std::map<std::string, std::set<std::string>> files;
+// The columns of each word line of the corpus.
+std::vector<std::vector<std::string>> CorpusRows() {
+  std::vector<std::vector<std::string>> rows;
   std::ifstream in(kCorpus);
   std::string line;
   while (std::getline(in, line)) {
-    if (line.empty() || line[0] == '#') continue;
-    std::vector<std::string> columns = SplitAt(line, '\t');
+    if (!line.empty() && line[0] != '#') rows.push_back(SplitAt(line, '\t'));
+  }
+  return rows;
+}
+
+// Morphemes of the corpus by source file: file name to CP949 forms.
+std::map<std::string, std::set<std::string>> CollectMorphemes() {
+  std::map<std::string, std::set<std::string>> files;
+  for (const std::vector<std::string>& columns : CorpusRows()) {
     if (columns.size() < 5) continue;
     std::vector<std::string> forms = SplitAt(columns[2], '+');
     std::vector<std::string> tags = SplitAt(columns[4], '+');
@@ -95,11 +102,7 @@ void WriteSources(const std::map<std::string, std::set<std::string>>& files,
 // The eojuls of the corpus in CP949.
 std::vector<std::string> CollectEojuls() {
   std::vector<std::string> eojuls;
-  std::ifstream in(kCorpus);
-  std::string line;
-  while (std::getline(in, line)) {
-    if (line.empty() || line[0] == '#') continue;
-    std::vector<std::string> columns = SplitAt(line, '\t');
+  for (const std::vector<std::string>& columns : CorpusRows()) {
     if (columns.size() < 2) continue;
     try {
       eojuls.push_back(Cp949(columns[1]));
