@@ -72,7 +72,10 @@ int Dictionary::LoadKnowledge(const char* path, bool fromCompiledFile,
   divInfo = nullptr;
   posInfo = nullptr;
   if (fromCompiledFile) {
-    return LoadCompiled(JoinPath(path, "qrl.klg").c_str(), withPreAnalysis);
+    const int loaded =
+        LoadCompiled(JoinPath(path, "qrl.klg").c_str(), withPreAnalysis);
+    IndexLookupTries();
+    return loaded;
   }
   // The order of the steps fixes how the tries come out.
   if (jeTrie.Create(kTrieSize, kTrieSize, kTrieSize, kTrieSize) < 0) {
@@ -96,7 +99,15 @@ int Dictionary::LoadKnowledge(const char* path, bool fromCompiledFile,
   for (const SourceFile& f : kListFiles) {
     LoadList(JoinPath(path, f.name).c_str(), f.tag);
   }
+  IndexLookupTries();
   return 1;
+}
+
+void Dictionary::IndexLookupTries() {
+  for (QR_DaTrie* trie : {&mainTrie, &jeTrie, &xpTrie, &xsnTrie, &xsnxsnTrie,
+                          &conjTrie}) {
+    trie->IndexRootPairs();
+  }
 }
 
 void Dictionary::AddJamoEndings() {

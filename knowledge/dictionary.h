@@ -126,6 +126,11 @@ class Dictionary : public QR_Knowledge {
   int GetPosFreq(const spr::stdstyle::string<char>& key, PosInfoRec& rec,
                  int32_t len = 0) const;
 
+  // Builds the root-pair index of the tries that the analyzers look up
+  // most; LoadKnowledge does it at its end. After Inserts (user nouns) the
+  // lookups stay right but walk byte by byte until it is called again.
+  void IndexLookupTries();
+
   // True when the user noun `word` fits its composition pattern.
   static bool CheckUserNoun(const char* word, const char* pattern);
 
@@ -174,13 +179,39 @@ class Dictionary : public QR_Knowledge {
   double weight5 = 0.0;
 
  private:
-  // Walks every byte of key (up to len or the NUL). True when the walk
-  // succeeded and ended on a whole key; node.value then holds its value.
-  static bool WalkKey(const QR_DaTrie& trie, const char* key, int32_t len,
-                      TrieNode& node);
-  // Fills the four text pointers of si from its record's offsets.
-  void SetTexts(SearchInfo& si) const;
+  // The value bytes of the whole key (up to len, 0 meaning no limit, or the
+  // NUL), or null; length gets the bytes walked on a hit.
+  static const unsigned char* KeyValue(const QR_DaTrie& trie, const char* key,
+                                       int32_t len, int32_t& length);
+  // Whether a user-noun hit text[start..i] of SearchAll's foreignOnly mode
+  // is taken: the entry is a user noun and its text is not plain Hangul.
+  static bool IsForeignHit(const unsigned char* text, int32_t start,
+                           int32_t i, const MainTrieInfo& info);
 };
+
+// Inline: the analyzers ask for one class after another on every split.
+inline jeInfo& Dictionary::GetJEInfo(jeInfo& out, const SearchJEInfo& sjei,
+                                     int type) const {
+  out = jeInfo();
+  int32_t index = -1;
+  switch (type) {
+    case 0: index = sjei.jeti.josaInfo; break;
+    case 1: index = sjei.jeti.eomiInfo0; break;
+    case 5: index = sjei.jeti.eomiInfo5; break;
+    case 9: index = sjei.jeti.eomiInfo9; break;
+    case 17: index = sjei.jeti.eomiInfo17; break;
+    case 19: index = sjei.jeti.eomiInfo19; break;
+    default: return out;
+  }
+  if (index < 0 || index >= jePool.count) return out;
+  uint32_t offset = jePool.offset[index];
+  if (offset >= static_cast<uint32_t>(jePool.text.used)) return out;
+  out.text = jePool.text.At(static_cast<int32_t>(offset));
+  out.bits = jePool.bits[index];
+  out.attach = jePool.attach[index];
+  out.type = jePool.type[index];
+  return out;
+}
 
 }  // namespace Quorel
 

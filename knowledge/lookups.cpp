@@ -19,23 +19,18 @@ inline bool InRange(unsigned char c, int low, int high) {
   return c >= low && c <= high;
 }
 
-}  // namespace
-
-bool Dictionary::WalkKey(const QR_DaTrie& trie, const char* key, int32_t len,
-                         TrieNode& node) {
-  node.Reset();
-  if (key == nullptr) return false;
-  // The key ends at len (0: no limit) or at a NUL before it.
-  if (len < 0) return false;
-  return trie.WalkBytes(reinterpret_cast<const unsigned char*>(key),
-                        len == 0 ? INT32_MAX : len, node) != 0 &&
-         node.value != nullptr;
-}
-
-void Dictionary::SetTexts(SearchInfo& si) const {
-  auto text = [this](int32_t offset) -> const char* {
-    return offset >= 0 && offset < mainPool.used ? mainPool.At(offset)
-                                                 : nullptr;
+// Points the four texts of si at the pool texts of its record's offsets.
+inline void SetTexts(const TextPool& pool, SearchInfo& si) {
+  const MainTrieInfo& info = si.info;
+  if ((info.nnbInfo & info.nnpInfo & info.nnuInfo & info.nuInfo) < 0) {
+    // All four offsets negative, as for most words: no texts.
+    si.nnbText = si.nnpText = si.nnuText = si.nuText = nullptr;
+    return;
+  }
+  const char* const buffer = pool.buffer;
+  const int32_t used = pool.used;
+  auto text = [buffer, used](int32_t offset) -> const char* {
+    return offset >= 0 && offset < used ? buffer + offset : nullptr;
   };
   si.nnbText = text(si.info.nnbInfo);
   si.nnpText = text(si.info.nnpInfo);
@@ -43,18 +38,30 @@ void Dictionary::SetTexts(SearchInfo& si) const {
   si.nuText = text(si.info.nuInfo);
 }
 
+}  // namespace
+
+const unsigned char* Dictionary::KeyValue(const QR_DaTrie& trie,
+                                          const char* key, int32_t len,
+                                          int32_t& length) {
+  // The key ends at len (0: no limit) or at a NUL before it.
+  if (key == nullptr || len < 0) return nullptr;
+  return trie.ValueOf(reinterpret_cast<const unsigned char*>(key),
+                      len == 0 ? INT32_MAX : len, length);
+}
+
 int Dictionary::SearchMain(const char* key, SearchInfo& si,
                            int32_t len) const {
   std::memset(static_cast<void*>(&si), 0, sizeof si);
-  if (key == nullptr) return 0;
-  if (len == 0) len = static_cast<int32_t>(std::strlen(key));
-  TrieNode node;
-  if (!WalkKey(mainTrie, key, len, node)) return 0;
-  int32_t index = QR_DaTrie::GetValue(node);
+  int32_t length = 0;
+  const unsigned char* value = KeyValue(mainTrie, key, len, length);
+  if (value == nullptr) return 0;
+  int32_t index;
+  std::memcpy(&index, value, sizeof index);
   if (index < 0 || static_cast<size_t>(index) >= mainInfos.size()) return 0;
-  si.end = len;
+  // With len 0 the walk ran to the NUL, so length is the key's strlen.
+  si.end = len == 0 ? length : len;
   si.info = mainInfos[index];
-  SetTexts(si);
+  SetTexts(mainPool, si);
   return 1;
 }
 
@@ -68,56 +75,64 @@ int Dictionary::SearchAll(const char* key, std::vector<SearchInfo>& results,
                           int allowShort, int keepLongest,
                           int foreignOnly) const {
   if (key == nullptr || start < 0) return static_cast<int>(results.size());
-  if (len == 0) len = static_cast<int32_t>(std::strlen(key));
   const auto* text = reinterpret_cast<const unsigned char*>(key);
-  TrieNode node;
-  SearchInfo prevSi;
-  for (int32_t i = start; i < len && text[i] != 0; ++i) {
-    if (mainTrie.Walk(text[i], node) == 0) break;
-    if (node.value == nullptr) continue;
-    int32_t index = QR_DaTrie::GetValue(node);
-    if (index < 0 || static_cast<size_t>(index) >= mainInfos.size()) continue;
-    const MainTrieInfo& info = mainInfos[index];
-    if (foreignOnly == 1) {
-      // Only user nouns that are not plain Hangul are wanted.
-      if ((info.bits & 0x8) == 0) continue;
-      bool plain = true;
-      for (int32_t j = start; j <= i; j += 2) {
-        if (text[j] < 128) {
-          plain = false;
-          break;
-        }
-        if (!InRange(text[j], 161, 172)) continue;
-        // The first test looks at the hit's last byte and the one behind
-        // it (at most the NUL), not at the pair at j; this mode has always
-        // answered so.
-        if (InRange(text[i], 161, 172) && j + 1 < i &&
-            InRange(text[i + 1], 65, 160)) {
-          continue;
-        }
-        if (text[j] == 164 && j + 1 < i && text[j + 1] < 253) continue;
-        plain = false;
-        break;
-      }
-      if (plain) continue;
-    }
-    if (nounOnly == 1 && (info.bits & kNounOnlyBits) == 0) continue;
-    if (allowShort == 0 && i + 1 - start < (foreignOnly == 1 ? 2 : 3)) {
-      continue;
-    }
+  const MainTrieInfo* const infos = mainInfos.data();
+  const size_t infoCount = mainInfos.size();
+  // With keepLongest, the last hit taken (its end is above 0).
+  const MainTrieInfo* longest = nullptr;
+  int32_t longestEnd = -1;
+  auto append = [&](int32_t end, const MainTrieInfo& info) {
     SearchInfo si;
     si.start = start;
-    si.end = i + 1;
+    si.end = end;
     si.info = info;
-    SetTexts(si);
-    if (keepLongest == 1) {
-      prevSi = si;
-    } else {
-      results.push_back(si);
-    }
-  }
-  if (keepLongest == 1 && prevSi.end >= 1) results.push_back(prevSi);
+    SetTexts(mainPool, si);
+    results.push_back(si);
+  };
+  // len 0 walks to the NUL, as the loop would after a strlen.
+  mainTrie.WalkPrefixes<1, true>(
+      text, start, len == 0 ? INT32_MAX : len,
+      [&](int32_t i, const unsigned char* value) {
+        int32_t index;
+        std::memcpy(&index, value, sizeof index);
+        if (index < 0 || static_cast<size_t>(index) >= infoCount) return true;
+        const MainTrieInfo& info = infos[index];
+        if (foreignOnly == 1 && !IsForeignHit(text, start, i, info)) {
+          return true;
+        }
+        if (nounOnly == 1 && (info.bits & kNounOnlyBits) == 0) return true;
+        if (allowShort == 0 && i + 1 - start < (foreignOnly == 1 ? 2 : 3)) {
+          return true;
+        }
+        if (keepLongest == 1) {
+          longest = &info;
+          longestEnd = i + 1;
+        } else {
+          append(i + 1, info);
+        }
+        return true;
+      });
+  if (keepLongest == 1 && longestEnd >= 1) append(longestEnd, *longest);
   return static_cast<int>(results.size());
+}
+
+bool Dictionary::IsForeignHit(const unsigned char* text, int32_t start,
+                              int32_t i, const MainTrieInfo& info) {
+  // Only user nouns that are not plain Hangul are wanted.
+  if ((info.bits & 0x8) == 0) return false;
+  for (int32_t j = start; j <= i; j += 2) {
+    if (text[j] < 128) return true;
+    if (!InRange(text[j], 161, 172)) continue;
+    // The first test looks at the hit's last byte and the one behind it (at
+    // most the NUL), not at the pair at j; this mode has always answered so.
+    if (InRange(text[i], 161, 172) && j + 1 < i &&
+        InRange(text[i + 1], 65, 160)) {
+      continue;
+    }
+    if (text[j] == 164 && j + 1 < i && text[j + 1] < 253) continue;
+    return true;
+  }
+  return false;
 }
 
 int Dictionary::SearchAll(const spr::stdstyle::string<char>& key,
@@ -133,15 +148,28 @@ int Dictionary::SearchJE(const char* key, SearchJEInfo& sjei,
   sjei.length = 0;
   if (key == nullptr) return 0;
   if (len == 0) len = static_cast<int32_t>(std::strlen(key));
+  const auto* text = reinterpret_cast<const unsigned char*>(key);
   TrieNode node;
-  // No NUL test here: the walk fails on it.
-  for (int32_t i = 0; i < len; ++i) {
-    if (jeTrie.Walk(static_cast<unsigned char>(key[i]), node) == 0) break;
-    if (node.value == nullptr) continue;
-    int32_t index = QR_DaTrie::GetValue(node);
-    if (index < 0 || static_cast<size_t>(index) >= jeInfos.size()) continue;
+  // The record of a key that ends behind byte i, if it is one.
+  auto take = [&](int32_t i) {
+    const int32_t index = QR_DaTrie::GetValue(node);
+    if (index < 0 || static_cast<size_t>(index) >= jeInfos.size()) return;
     sjei.length = i + 1;
     sjei.jeti = jeInfos[index];
+  };
+  int32_t i = 0;
+  if (len >= 2) {
+    const int paired = jeTrie.WalkRootPair(text[0], text[1], node);
+    if (paired == 0) return 0;
+    if (paired == 1) {
+      if (node.value != nullptr) take(1);
+      i = 2;
+    }
+  }
+  // No NUL test here: the walk fails on it.
+  for (; i < len; ++i) {
+    if (jeTrie.Walk(text[i], node) == 0) break;
+    if (node.value != nullptr) take(i);
   }
   return sjei.length;
 }
@@ -149,29 +177,6 @@ int Dictionary::SearchJE(const char* key, SearchJEInfo& sjei,
 int Dictionary::SearchJE(const spr::stdstyle::string<char>& key,
                          SearchJEInfo& sjei, int32_t len) const {
   return SearchJE(key.CStr(), sjei, EffectiveLength(key, len));
-}
-
-jeInfo& Dictionary::GetJEInfo(jeInfo& out, const SearchJEInfo& sjei,
-                              int type) const {
-  out = jeInfo();
-  int32_t index = -1;
-  switch (type) {
-    case 0: index = sjei.jeti.josaInfo; break;
-    case 1: index = sjei.jeti.eomiInfo0; break;
-    case 5: index = sjei.jeti.eomiInfo5; break;
-    case 9: index = sjei.jeti.eomiInfo9; break;
-    case 17: index = sjei.jeti.eomiInfo17; break;
-    case 19: index = sjei.jeti.eomiInfo19; break;
-    default: return out;
-  }
-  if (index < 0 || index >= jePool.count) return out;
-  uint32_t offset = jePool.offset[index];
-  if (offset >= static_cast<uint32_t>(jePool.text.used)) return out;
-  out.text = jePool.text.At(static_cast<int32_t>(offset));
-  out.bits = jePool.bits[index];
-  out.attach = jePool.attach[index];
-  out.type = jePool.type[index];
-  return out;
 }
 
 int Dictionary::CheckAttach(const SyllableRec& syllable, const jeInfo& jei) {
@@ -183,23 +188,23 @@ int Dictionary::CheckAttach(const SyllableRec& syllable, const jeInfo& jei) {
 }
 
 int Dictionary::IsXP(const char* key, int32_t len) const {
-  TrieNode node;
-  return WalkKey(xpTrie, key, len, node) ? 1 : 0;
+  int32_t length = 0;
+  return KeyValue(xpTrie, key, len, length) != nullptr ? 1 : 0;
 }
 
 int Dictionary::IsXSN(const char* key, int32_t len) const {
-  TrieNode node;
-  return WalkKey(xsnTrie, key, len, node) ? 1 : 0;
+  int32_t length = 0;
+  return KeyValue(xsnTrie, key, len, length) != nullptr ? 1 : 0;
 }
 
 int Dictionary::IsXSNXSN(const char* key, int32_t len) const {
-  TrieNode node;
-  return WalkKey(xsnxsnTrie, key, len, node) ? 1 : 0;
+  int32_t length = 0;
+  return KeyValue(xsnxsnTrie, key, len, length) != nullptr ? 1 : 0;
 }
 
 int Dictionary::IsCONJ(const char* key, int32_t len) const {
-  TrieNode node;
-  return WalkKey(conjTrie, key, len, node) ? 1 : 0;
+  int32_t length = 0;
+  return KeyValue(conjTrie, key, len, length) != nullptr ? 1 : 0;
 }
 
 int Dictionary::IsXP(const spr::stdstyle::string<char>& key,
@@ -227,9 +232,11 @@ int Dictionary::GetDivFreq(const char* key, int32_t& freq,
   freq = 0;
   // Knowledge without division statistics answers 0 without a walk.
   if (divInfo == nullptr || sizeDivInfo <= 0) return 0;
-  TrieNode node;
-  if (!WalkKey(divTrie, key, len, node)) return 0;
-  int32_t index = QR_DaTrie::GetValue(node);
+  int32_t length = 0;
+  const unsigned char* value = KeyValue(divTrie, key, len, length);
+  if (value == nullptr) return 0;
+  int32_t index;
+  std::memcpy(&index, value, sizeof index);
   if (index < 0 || index >= sizeDivInfo) return 0;
   freq = divInfo[index];
   return 1;
@@ -244,9 +251,11 @@ int Dictionary::GetPosFreq(const char* key, PosInfoRec& rec,
                            int32_t len) const {
   rec = PosInfoRec();
   if (posInfo == nullptr || sizePosInfo <= 0) return 0;
-  TrieNode node;
-  if (!WalkKey(posTrie, key, len, node)) return 0;
-  int32_t index = QR_DaTrie::GetValue(node);
+  int32_t length = 0;
+  const unsigned char* value = KeyValue(posTrie, key, len, length);
+  if (value == nullptr) return 0;
+  int32_t index;
+  std::memcpy(&index, value, sizeof index);
   if (index < 0 || index >= sizePosInfo) return 0;
   rec = posInfo[index];
   return 1;

@@ -99,6 +99,7 @@ SuffixList::SuffixList(Kind listKind, const SuffixEntry* rows,
     }
     QR_DaTrie::SetValue(node, row);
   }
+  trie.IndexRootPairs();
 }
 
 const SuffixEntry* SuffixList::GetEntry(int32_t row) const {
@@ -114,28 +115,45 @@ int SuffixList::Search(const char* text, int32_t len, PositionList& results,
   TrieNode node;
   int32_t longestAt = -1;
   int32_t longestRow = 0;
-  // Byte 0 is never walked: no key starts at the very first byte.
-  for (int32_t i = len - 1; i >= 1; --i) {
-    if (trie.Walk(static_cast<unsigned char>(text[i]), node) == 0) break;
-    if (node.value == nullptr) continue;
-    int32_t row = QR_DaTrie::GetValue(node);
+  // A key that ends behind the byte at i (walking backwards); false when
+  // the search must answer 0 at once.
+  auto take = [&](int32_t i) {
+    const int32_t row = QR_DaTrie::GetValue(node);
     if (kind == kEP) {
       longestAt = i;
       longestRow = row;
-      continue;
+      return true;
     }
     if (kind == kAV) {
       // An auxiliary follows an open syllable, or one closed by ㄹ or ㄴ.
       const SyllableRec* before = i >= 2 ? SyllableAt(text + i - 2) : nullptr;
       if (before == nullptr) {
-        if (checkSyllable) return 0;
+        if (checkSyllable) return false;
       } else if ((before->flags & 0x1) && before->jongseong != 9 &&
                  before->jongseong != 5) {
-        continue;
+        return true;
       }
     }
     results.Add(static_cast<unsigned char>(i),
                 static_cast<unsigned char>(row));
+    return true;
+  };
+  // Byte 0 is never walked: no key starts at the very first byte.
+  int32_t i = len - 1;
+  int paired = -1;
+  if (len >= 3) {
+    // The last two bytes in one step: most texts end in no suffix at all.
+    paired = trie.WalkRootPair(static_cast<unsigned char>(text[len - 1]),
+                               static_cast<unsigned char>(text[len - 2]),
+                               node);
+    if (paired == 1) {
+      if (node.value != nullptr && !take(len - 2)) return 0;
+      i = len - 3;
+    }
+  }
+  for (; paired != 0 && i >= 1; --i) {
+    if (trie.Walk(static_cast<unsigned char>(text[i]), node) == 0) break;
+    if (node.value != nullptr && !take(i)) return 0;
   }
   if (kind == kEP) {
     if (longestAt < 0) return 0;

@@ -55,6 +55,7 @@ int QR_DaTrie::Create(int32_t bcSizeArg, int32_t tailSizeArg,
 }
 
 void QR_DaTrie::Clear() {
+  DropRootPairs();
   std::free(bc);
   std::free(tail);
   bc = nullptr;
@@ -65,12 +66,47 @@ void QR_DaTrie::Clear() {
   tailPos = 0;
 }
 
+void QR_DaTrie::DropRootPairs() {
+  std::free(rootPairs);
+  rootPairs = nullptr;
+}
+
+void QR_DaTrie::IndexRootPairs() {
+  DropRootPairs();
+  if (bc == nullptr) return;
+  auto* pairs =
+      static_cast<int32_t*>(std::malloc(sizeof(int32_t) * kPairCount));
+  if (pairs == nullptr) return;  // lookups walk byte by byte
+  for (int c1 = kPairFirst; c1 <= 0xFF; ++c1) {
+    int32_t* row = pairs + ((c1 - kPairFirst) << 8);
+    TrieNode first;
+    const int walked = Walk(static_cast<unsigned char>(c1), first);
+    // A leaf or a key after c1 is left to the byte walk.
+    const bool byBytes = walked != 0 && (first.value != nullptr || first.state < 1);
+    for (int c2 = 0; c2 <= 0xFF; ++c2) {
+      TrieNode second = first;
+      if (byBytes) {
+        row[c2] = kPairByBytes;
+      } else if (walked == 0 ||
+                 Walk(static_cast<unsigned char>(c2), second) == 0) {
+        row[c2] = 0;
+      } else {
+        // 0 and kPairByBytes are no states of a sound trie; should a
+        // damaged one give them, the byte walk answers.
+        row[c2] = second.state == 0 ? kPairByBytes : second.state;
+      }
+    }
+  }
+  rootPairs = pairs;
+}
+
 void QR_DaTrie::SetValue(TrieNode& node, int32_t value) {
   CopyValueBytes(node.value, reinterpret_cast<const unsigned char*>(&value),
                  node.nativeOrder);
 }
 
 int QR_DaTrie::Insert(const char* key, TrieNode& node) {
+  DropRootPairs();  // an insertion may move any cell
   node.Reset();
   if (bc == nullptr) return 0;
 

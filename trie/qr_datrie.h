@@ -12,6 +12,7 @@
 #ifndef QRLSL_TRIE_QR_DATRIE_H_
 #define QRLSL_TRIE_QR_DATRIE_H_
 
+#include <climits>
 #include <cstdint>
 #include <cstring>
 
@@ -19,6 +20,9 @@ namespace Quorel {
 
 // Ends every key and every tail rest.
 constexpr unsigned char kTrieEnd = ';';
+// CodeMap[kTrieEnd], the code of the terminator transition, as a constant of
+// the walks.
+constexpr unsigned char kTrieEndCode = 0x4F;
 
 // One cell of the double array. In use: check > 0 is the parent state;
 // base > 0 the offset of the children, base < 0 a leaf whose key rest starts
@@ -71,6 +75,37 @@ class QR_DaTrie {
   // its transition, else 0.
   inline int WalkBytes(const unsigned char* key, int32_t len,
                        TrieNode& node) const;
+  // The value bytes of the whole key key[0..len), the key ending early at a
+  // NUL; null when it is no key, is empty or the trie was not created.
+  // `length` gets the bytes of the key (up to len or the NUL) on a hit.
+  // The answer of Walk over every byte, with the arrays held in locals.
+  inline unsigned char* ValueOf(const unsigned char* key, int32_t len,
+                                int32_t& length) const;
+  // Walks key[i] for i = begin, begin + step, ... while i < end (step 1) or
+  // i > end (step -1), as Walk from the root would, stopping at the first
+  // byte without a transition and, with stopAtNul, at a NUL. After each byte
+  // behind which a whole key ends it calls onValue(i, value bytes); a false
+  // answer ends the walk.
+  template <int step, bool stopAtNul, class OnValue>
+  inline void WalkPrefixes(const unsigned char* key, int32_t begin,
+                           int32_t end, OnValue&& onValue) const;
+
+  // The root-pair index: for a first key byte of 0x80 or more (the lead
+  // byte of a CP949 character) and any second byte, the cursor state after
+  // both, so that a walk from the root takes its first two bytes in one
+  // step. Built on demand once the trie is filled; Create, Clear and Insert
+  // drop it, and whoever writes bc or tail directly must build it again.
+  void IndexRootPairs();
+  void DropRootPairs();  // walks go byte by byte again
+  bool HasRootPairs() const { return rootPairs != nullptr; }
+  // From the root, walks c1 and then c2 as two Walk calls would: 1 when both
+  // have their transition (node as after the second Walk), 0 when one has
+  // none and no key ends after c1 (node unusable). -1 when the index can't
+  // answer (none built, c1 below 0x80, or c1 reaches a leaf or ends a key):
+  // then node is untouched and the bytes are walked one by one.
+  // REQUIRES: node is at the root.
+  inline int WalkRootPair(unsigned char c1, unsigned char c2,
+                          TrieNode& node) const;
 
   // The 32-bit value at node.value. REQUIRES: node.value not null.
   static int32_t GetValue(const TrieNode& node) {
@@ -100,9 +135,21 @@ class QR_DaTrie {
   // Both arrays come from the C allocator (Create, GrowCells, GrowTail) and
   // are released by Clear; a reader fills them after Create, never swaps them.
 
+  // Entries of the root-pair index: 0 is a pair without a path, and this
+  // marks a pair to walk byte by byte; anything else is a cursor state.
+  static constexpr int32_t kPairByBytes = INT32_MIN;
+
  private:
   // Longest key kept; longer keys are cut to this many bytes.
   static constexpr int kMaxKey = 128;
+  // The root-pair index covers first bytes 0x80..0xFF, 256 entries each.
+  static constexpr int kPairFirst = 0x80;
+  static constexpr int kPairCount = 128 * 256;
+
+  // The value bytes of a key that ends at cursor state `state` (a cell
+  // reached by a transition, or a position in a tail), or null: what Walk
+  // sets node.value to on arriving there. REQUIRES: bc not null.
+  inline unsigned char* ValueAt(int32_t state) const;
 
   // Position of the tail's ";" when the rest at leaf s equals key up to its
   // ";", else 0.
@@ -141,6 +188,7 @@ class QR_DaTrie {
   unsigned char listIndex[256] = {};
   unsigned char listUsedIndex[256] = {};
   unsigned char pList[3] = {};
+  int32_t* rootPairs = nullptr;  // kPairCount entries, or null
 };
 
 inline int QR_DaTrie::Walk(unsigned char byte, TrieNode& node) const {
@@ -162,7 +210,7 @@ inline int QR_DaTrie::Walk(unsigned char byte, TrieNode& node) const {
   if (base >= 0) {
     node.state = t;
     // A key that ends here has a terminator transition to a bare record.
-    const int32_t u = CodeMap[kTrieEnd] + base;
+    const int32_t u = kTrieEndCode + base;
     if (bc[u].check == t && bc[u].check >= 1 && bc[u].base < 0) {
       node.value = tail - bc[u].base;
     }
@@ -192,6 +240,124 @@ inline int QR_DaTrie::WalkBytes(const unsigned char* key, int32_t len,
     node.state = base >= 0 ? t : base;
   }
   return Walk(key[i], node);
+}
+
+inline unsigned char* QR_DaTrie::ValueAt(int32_t state) const {
+  if (state < 1) {
+    // In a tail: a key ends here when the rest is used up.
+    unsigned char* p = tail - state;
+    return *p == kTrieEnd ? p + 1 : nullptr;
+  }
+  // A key that ends at a cell has a terminator transition to a bare record.
+  const TrieCell& u = bc[kTrieEndCode + bc[state].base];
+  return u.check == state && u.base < 0 ? tail - u.base : nullptr;
+}
+
+inline int QR_DaTrie::WalkRootPair(unsigned char c1, unsigned char c2,
+                                   TrieNode& node) const {
+  if (rootPairs == nullptr || c1 < kPairFirst) return -1;
+  const int32_t state = rootPairs[(c1 - kPairFirst) << 8 | c2];
+  if (state == kPairByBytes) return -1;
+  if (state == 0) return 0;
+  node.state = state;
+  node.value = ValueAt(state);
+  return 1;
+}
+
+inline unsigned char* QR_DaTrie::ValueOf(const unsigned char* key,
+                                         int32_t len, int32_t& length) const {
+  if (bc == nullptr || len <= 0 || key[0] == 0) return nullptr;
+  const TrieCell* const cells = bc;
+  const int32_t last = bcPos;
+  int32_t state = 1;
+  int32_t i = 0;
+  if (len >= 2 && key[1] != 0) {
+    TrieNode node;
+    const int paired = WalkRootPair(key[0], key[1], node);
+    if (paired == 0) return nullptr;
+    if (paired == 1) {
+      state = node.state;
+      i = 2;
+    }
+  }
+  for (; state >= 1 && i < len && key[i] != 0; ++i) {
+    const int32_t t = CodeMap[key[i]] + cells[state].base;
+    if (t > last || cells[t].check != state) return nullptr;
+    const int32_t base = cells[t].base;
+    state = base >= 0 ? t : base;
+  }
+  if (state < 1) {
+    // In a tail: the rest of the key must match it up to its ";".
+    unsigned char* p = tail - state;
+    for (; i < len && key[i] != 0; ++i, ++p) {
+      if (*p != key[i]) return nullptr;
+    }
+    length = i;
+    return *p == kTrieEnd ? p + 1 : nullptr;
+  }
+  length = i;
+  return ValueAt(state);
+}
+
+template <int step, bool stopAtNul, class OnValue>
+inline void QR_DaTrie::WalkPrefixes(const unsigned char* key, int32_t begin,
+                                    int32_t end, OnValue&& onValue) const {
+  static_assert(step == 1 || step == -1, "one byte forward or backward");
+  if (bc == nullptr) return;
+  const TrieCell* const cells = bc;
+  const int32_t last = bcPos;
+  unsigned char* const rest = tail;
+  int32_t state = 1;  // as TrieNode::state
+  // Where the root-pair index takes two bytes at once: the first byte, if
+  // the second lies inside the walk.
+  int32_t pairAt = -1;
+  if (step > 0 && rootPairs != nullptr && begin + 1 < end &&
+      key[begin] >= kPairFirst && !(stopAtNul && key[begin + 1] == 0)) {
+    pairAt = begin;
+  }
+  for (int32_t i = begin; step > 0 ? i < end : i > end; i += step) {
+    const unsigned char c = key[i];
+    if (stopAtNul && c == 0) return;
+    unsigned char* value;
+    if (state < 1) {
+      unsigned char* p = rest - state;
+      if (*p != c) return;
+      state -= 1;
+      if (p[1] != kTrieEnd) continue;
+      value = p + 2;
+    } else if (i == pairAt) {
+      TrieNode node;
+      const int paired = WalkRootPair(c, key[i + 1], node);
+      if (paired == 0) return;
+      if (paired < 0) {
+        // Not indexed: the byte walk below.
+        pairAt = -1;
+        i -= step;
+        continue;
+      }
+      state = node.state;
+      ++i;
+      if (node.value == nullptr) continue;
+      value = node.value;
+    } else {
+      const int32_t t = CodeMap[c] + cells[state].base;
+      if (t > last || cells[t].check != state) return;
+      const int32_t base = cells[t].base;
+      if (base >= 0) {
+        state = t;
+        const TrieCell& u = cells[kTrieEndCode + base];
+        if (u.check != t || t < 1 || u.base >= 0) continue;
+        value = rest - u.base;
+      } else {
+        state = base;
+        unsigned char* p = rest - base;
+        if (*p != kTrieEnd) continue;
+        value = p + 1;
+      }
+    }
+    // One call site, so that the callback is inlined.
+    if (!onValue(i, value)) return;
+  }
 }
 
 }  // namespace Quorel

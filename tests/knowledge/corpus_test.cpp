@@ -10,6 +10,7 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "eojul/tag_set.h"
 #include "knowledge/dictionary.h"
@@ -45,14 +46,21 @@ std::string Usable(const std::string& utf8) {
   }
 }
 
-// Morphemes of the corpus by source file: file name to CP949 forms.
-std::map<std::string, std::set<std::string>> CollectMorphemes() {
-  std::map<std::string, std::set<std::string>> files;
+// The columns of each word line of the corpus.
+std::vector<std::vector<std::string>> CorpusRows() {
+  std::vector<std::vector<std::string>> rows;
   std::ifstream in(kCorpus);
   std::string line;
   while (std::getline(in, line)) {
-    if (line.empty() || line[0] == '#') continue;
-    std::vector<std::string> columns = SplitAt(line, '\t');
+    if (!line.empty() && line[0] != '#') rows.push_back(SplitAt(line, '\t'));
+  }
+  return rows;
+}
+
+// Morphemes of the corpus by source file: file name to CP949 forms.
+std::map<std::string, std::set<std::string>> CollectMorphemes() {
+  std::map<std::string, std::set<std::string>> files;
+  for (const std::vector<std::string>& columns : CorpusRows()) {
     if (columns.size() < 5) continue;
     std::vector<std::string> forms = SplitAt(columns[2], '+');
     std::vector<std::string> tags = SplitAt(columns[4], '+');
@@ -79,19 +87,87 @@ std::string SourceLine(const std::string& file, const std::string& form) {
   return form + "\n";
 }
 
+// Writes the source dictionaries of the corpus morphemes into dir.
+void WriteSources(const std::map<std::string, std::set<std::string>>& files,
+                  const TempDir& dir) {
+  for (const auto& entry : files) {
+    std::string text;
+    for (const std::string& form : entry.second) {
+      text += SourceLine(entry.first, form);
+    }
+    dir.WriteRaw(entry.first, text);
+  }
+}
+
+// The eojuls of the corpus in CP949.
+std::vector<std::string> CollectEojuls() {
+  std::vector<std::string> eojuls;
+  for (const std::vector<std::string>& columns : CorpusRows()) {
+    if (columns.size() < 2) continue;
+    try {
+      eojuls.push_back(Cp949(columns[1]));
+    } catch (const std::runtime_error&) {
+      // not representable in CP949
+    }
+  }
+  return eojuls;
+}
+
+// Everything the lookups answer for text from byte `at` on, as one string.
+std::string Answers(const Dictionary& dict, const std::string& text,
+                    int32_t at) {
+  std::string out;
+  const char* key = text.c_str() + at;
+  for (int flags = 0; flags < 16; ++flags) {
+    std::vector<SearchInfo> hits;
+    dict.SearchAll(text.c_str(), hits, 0, at, flags & 1, (flags >> 1) & 1,
+                   (flags >> 2) & 1, (flags >> 3) & 1);
+    for (const SearchInfo& si : hits) {
+      out += std::to_string(si.end) + ":" + std::to_string(si.info.bits) + " ";
+    }
+    out += "|";
+  }
+  SearchInfo si;
+  out += std::to_string(dict.SearchMain(key, si)) + std::to_string(si.end);
+  SearchJEInfo sjei;
+  out += " " + std::to_string(dict.SearchJE(key, sjei)) + ":" +
+         std::to_string(sjei.jeti.bits) + " " + std::to_string(dict.IsXSN(key));
+  return out;
+}
+
+TEST(CorpusKnowledge, IndexedLookupsAnswerAsByteWalks) {
+  if (!std::ifstream(kCorpus).good()) GTEST_SKIP() << "corpus not present";
+  TempDir source;
+  WriteSources(CollectMorphemes(), source);
+  Dictionary indexed(false);
+  Dictionary byBytes(false);
+  ::testing::internal::CaptureStderr();
+  ASSERT_EQ(1, indexed.LoadKnowledge(source.Path().c_str(), false, false));
+  ASSERT_EQ(1, byBytes.LoadKnowledge(source.Path().c_str(), false, false));
+  ::testing::internal::GetCapturedStderr();
+  ASSERT_TRUE(indexed.mainTrie.HasRootPairs());
+  ASSERT_TRUE(indexed.jeTrie.HasRootPairs());
+  for (QR_DaTrie* trie : {&byBytes.mainTrie, &byBytes.jeTrie, &byBytes.xsnTrie}) {
+    trie->DropRootPairs();
+  }
+  size_t compared = 0;
+  for (const std::string& eojul : CollectEojuls()) {
+    for (int32_t at = 0; at < static_cast<int32_t>(eojul.size()); ++at) {
+      ASSERT_EQ(Answers(byBytes, eojul, at), Answers(indexed, eojul, at))
+          << eojul << " from " << at;
+      ++compared;
+    }
+  }
+  EXPECT_GT(compared, 10000u);
+}
+
 TEST(CorpusKnowledge, EveryMorphemeIsFoundBeforeAndAfterCompiling) {
   if (!std::ifstream(kCorpus).good()) GTEST_SKIP() << "corpus not present";
   const auto files = CollectMorphemes();
   ASSERT_FALSE(files.empty());
   TempDir source;
   TempDir output;
-  for (const auto& entry : files) {
-    std::string text;
-    for (const std::string& form : entry.second) {
-      text += SourceLine(entry.first, form);
-    }
-    source.WriteRaw(entry.first, text);
-  }
+  WriteSources(files, source);
   Dictionary built(false);
   ::testing::internal::CaptureStderr();
   ASSERT_TRUE(built.CompileKnowledge(source.Path().c_str(),

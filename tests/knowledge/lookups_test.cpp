@@ -73,12 +73,19 @@ TEST_F(LookupTest, SearchMainTakesOnlyWholeWords) {
   EXPECT_EQ(0, si.start);
   EXPECT_EQ(4, si.end);  // len 0: the NUL-terminated length
   EXPECT_EQ(Pos::NNG, si.info.bits);
+  // A word without extra texts (the shortcut) and one with a text (the
+  // offsets resolved one by one) fill the four pointers alike.
+  EXPECT_EQ(nullptr, si.nnbText);
   EXPECT_EQ(nullptr, si.nnpText);
+  EXPECT_EQ(nullptr, si.nnuText);
+  EXPECT_EQ(nullptr, si.nuText);
 
   EXPECT_EQ(1, dict->SearchMain(StringEx(Cp949("서울").c_str()), si));
   ASSERT_NE(nullptr, si.nnpText);
   EXPECT_EQ("서울", Utf8(si.nnpText));
   EXPECT_EQ(nullptr, si.nnbText);
+  EXPECT_EQ(nullptr, si.nnuText);
+  EXPECT_EQ(nullptr, si.nuText);
 
   // A miss leaves the record zeroed, not at its initial values.
   EXPECT_EQ(0, dict->SearchMain(Cp949("학교생").c_str(), si));

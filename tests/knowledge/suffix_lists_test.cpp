@@ -6,6 +6,7 @@
 
 #include "knowledge/knowledge_helpers.h"
 #include "knowledge/suffix_lists.h"
+#include "text/syllable_table.h"
 
 namespace Quorel {
 namespace {
@@ -105,6 +106,77 @@ TEST(SuffixLists, AVWithoutASyllableBeforeTheHit) {
   EXPECT_EQ("2:보", Describe(av, *own));
   std::string oddStart = "a" + Cp949("보");
   EXPECT_EQ(0, av.Find(oddStart.c_str(), hits));
+}
+
+// What Find answers by the table alone: every row whose surface ends the
+// text from a position of 1 or more, nearest the end first, with the AV
+// syllable rule and the EP longest hit; "none" for a result of 0.
+std::string ByTable(const SuffixList& list, const std::string& text,
+                    bool ep, bool av) {
+  const auto len = static_cast<int32_t>(text.size());
+  if (len < 2) return "none";
+  std::string out;
+  std::string longest;
+  for (int32_t i = len - 1; i >= 1; --i) {
+    int32_t row = 1;
+    while (row < list.RowCount() && text.compare(i, std::string::npos,
+                                                 list.GetEntry(row)->surface) != 0) {
+      ++row;
+    }
+    if (row == list.RowCount()) continue;
+    const std::string hit = std::to_string(i & 0xFF) + ":" +
+                            Utf8(list.GetEntry(row)->surface);
+    if (ep) {
+      longest = hit;
+      continue;
+    }
+    if (av) {
+      const SyllableRec* before =
+          i >= 2 ? SyllableAt(text.c_str() + i - 2) : nullptr;
+      if (before == nullptr) return "none";
+      if ((before->flags & 0x1) && before->jongseong != 9 &&
+          before->jongseong != 5) {
+        continue;
+      }
+    }
+    out += (out.empty() ? "" : " ") + hit;
+  }
+  if (ep) return longest.empty() ? "none" : longest;
+  return out;
+}
+
+TEST(SuffixLists, FindAnswersAsTheTableOnEverySurfaceAndNeighbour) {
+  AVList av;
+  XSDList xsd;
+  EPList ep;
+  const std::string leads[] = {"", "a", "가", "갈", "각", "간", "먹었", "하시"};
+  size_t checked = 0;
+  for (const SuffixList* list : {static_cast<const SuffixList*>(&av),
+                                 static_cast<const SuffixList*>(&xsd),
+                                 static_cast<const SuffixList*>(&ep)}) {
+    const bool isEP = list == &ep;
+    const bool isAV = list == &av;
+    for (int32_t row = 1; row < list->RowCount(); ++row) {
+      const std::string surface = list->GetEntry(row)->surface;
+      const std::string other =
+          list->GetEntry(1 + row % (list->RowCount() - 1))->surface;
+      for (const std::string& lead : leads) {
+        const std::string front = Cp949(lead);
+        for (const std::string& text :
+             {front + surface, front + other + surface, front + surface + "a",
+              front + surface.substr(0, surface.size() - 1),
+              front + surface.substr(1)}) {
+          PositionList hits;
+          const int found = list->Find(text.c_str(), hits);
+          EXPECT_EQ(ByTable(*list, text, isEP, isAV),
+                    found == 0 ? "none" : Describe(*list, hits))
+              << Utf8(text);
+          ++checked;
+        }
+      }
+    }
+  }
+  EXPECT_GT(checked, 5000u);
 }
 
 TEST(SuffixLists, PositionsAreBytesAndWrap) {

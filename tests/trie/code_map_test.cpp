@@ -39,6 +39,7 @@ TEST(CodeMap, FixedCodesOfTheFormat) {
   }
   EXPECT_EQ(256, covered);
   EXPECT_EQ(0x4F, CodeMap[static_cast<unsigned char>(';')]);
+  EXPECT_EQ(kTrieEndCode, CodeMap[kTrieEnd]);  // the walks use the constant
 }
 
 TEST(CodeMap, DoubleByteRangeKeepsItsOrder) {
