@@ -1,6 +1,8 @@
 // The common steps of the stem handlers: emitting a candidate from the
 // level stack, the fused reading of the top ending, and the split before
 // an auxiliary predicate.
+#include <cstring>
+
 #include "analyzer/literals.h"
 #include "analyzer/m_analyzer.h"
 #include "eojul/tag_set.h"
@@ -51,9 +53,26 @@ int MAnalyzer::EmitPredicate(Eojul& e, uint32_t bits, const char* lead) {
   return status;
 }
 
+int MAnalyzer::SearchStem(const StringEx& key, SearchInfo& si) const {
+  const int32_t length = key.Length();
+  if (length <= 0 || length > wordHitsText.Length() ||
+      std::memcmp(key.CStr(), wordHitsText.CStr(), length) != 0) {
+    return Knowledge()->SearchMain(key, si);
+  }
+  // wordHits are in increasing end; SearchMain zeroes si on a miss.
+  for (const SearchInfo& hit : wordHits) {
+    if (hit.end < length) continue;
+    if (hit.end > length) break;
+    si = hit;
+    return 1;
+  }
+  std::memset(static_cast<void*>(&si), 0, sizeof si);
+  return 0;
+}
+
 uint32_t MAnalyzer::Lookup(const StringEx& key, uint32_t* marks) const {
   SearchInfo si;
-  const uint32_t bits = Knowledge()->SearchMain(key, si) != 0 ? si.info.bits : 0;
+  const uint32_t bits = SearchStem(key, si) != 0 ? si.info.bits : 0;
   if (marks != nullptr) *marks = bits != 0 ? si.info.marks : 0;
   return bits;
 }

@@ -122,6 +122,10 @@ class MAnalyzer : public QR_Analyzer {
   // The top stem as a plain predicate (VV, VA, VX as `mask` allows) with
   // the ending as written, then with the fused reading.
   int WholeStem(Eojul& e, uint32_t mask);
+  // SearchMain of `key`, with the same answer and `si`. A key that is a
+  // prefix of wordHitsText is answered from wordHits, which hold every word
+  // that begins that text; any other key walks the trie.
+  int SearchStem(const StringEx& key, SearchInfo& si) const;
   // Fill counts of the pending noun tails (copula, predicative suffix).
   int32_t PendingNounSuffix() const { return pendingNounSuffix; }
   int32_t PendingNounOther() const { return pendingNounOther; }
