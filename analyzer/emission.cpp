@@ -123,7 +123,7 @@ int MAnalyzer::AuxSplitWith(bool eoOnLevelZero) {
     if (p <= 0 || auxTailCount >= EojulPool::kCapacity) continue;
     Eojul& tail = eojulPool.auxTails[auxTailCount];
     pieceText.Assign(level.stem.CStr(), p);
-    tail.SetText(pieceText.CStr(), 0);
+    tail.SetText(pieceText.CStr(), static_cast<uint32_t>(pieceText.Length()), 0);
     tail.BeginCandidate();
     tail.AddMorpheme(level.stem.CStr(p), Pos::VX);
     if (eoOnLevelZero) {

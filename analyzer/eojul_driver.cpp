@@ -47,14 +47,14 @@ void MAnalyzer::ResetEojulPool() {
   auxTailCount = 0;
 }
 
-bool MAnalyzer::ReadPreAnalysis(Eojul& e) {
+bool MAnalyzer::ReadPreAnalysis(Eojul& e, int32_t length) {
   const Dictionary* dictionary = Knowledge();
   if (dictionary == nullptr) return false;
   TrieNode node;
-  for (const char* p = e.GetString(); *p != 0; ++p) {
-    if (!dictionary->preAnalTrie.Walk(static_cast<unsigned char>(*p), node)) {
-      return false;
-    }
+  // The whole surface as one key: every byte must walk.
+  if (!dictionary->preAnalTrie.WalkBytes(
+          reinterpret_cast<const unsigned char*>(e.GetString()), length, node)) {
+    return false;
   }
   if (node.value == nullptr) return false;
   int32_t at = QR_DaTrie::GetValue(node);
@@ -113,7 +113,7 @@ int MAnalyzer::AnalyzeEojul(Eojul& e) {
 
   // 3. Pre-analysis, unless raw output asks for the real analysis.
   analysisLength = len;
-  if (!sub && !rawOutput && ReadPreAnalysis(e)) {
+  if (!sub && !rawOutput && ReadPreAnalysis(e, len)) {
     analysisResult = 1;
     return 1;
   }
@@ -143,11 +143,11 @@ int MAnalyzer::AnalyzeEojul(Eojul& e) {
   if (dictionary == nullptr) return analysisResult;
 
   // 5. Level 0 is the whole eojul; wordHits all dictionary prefixes.
-  levels[levelIndex].stem = e.GetString();
+  levels[levelIndex].stem.Assign(e.GetString(), len);
   levels[levelIndex].ending.Clear();
   levels[levelIndex].endingBits = 0;
   wordHits.clear();
-  dictionary->SearchAll(e.GetString(), wordHits, 0, 0, 0, 1, 0, 0);
+  dictionary->SearchAll(e.GetString(), wordHits, len, 0, 0, 1, 0, 0);
   wordHitsText.Assign(e.GetString(), len);
 
   // 6. The whole word.
@@ -159,7 +159,7 @@ int MAnalyzer::AnalyzeEojul(Eojul& e) {
 
   // 7. Split points. A josa reading that is not a whole-word ending of a
   // long tail (other than 하고, 하며) rules out the later noun routes.
-  SearchSplits(e, sub);
+  SearchSplitsOf(e.GetString(), len, sub);
   bool allowNoun = true;
   for (size_t k = 0; k < jeCandidates.size(); ++k) {
     const SearchJEInfo split = jeCandidates[k];
@@ -218,7 +218,8 @@ int MAnalyzer::AnalyzeEojul(Eojul& e) {
           if (p <= 0 || auxTailCount >= EojulPool::kCapacity) continue;
           Eojul& tail = eojulPool.auxTails[auxTailCount];
           pieceText.Assign(workText.CStr(), p);
-          tail.SetText(pieceText.CStr(), 0);
+          tail.SetText(pieceText.CStr(),
+                       static_cast<uint32_t>(pieceText.Length()), 0);
           tail.BeginCandidate();
           tail.AddMorpheme(workText.CStr(p), Pos::VX);
           tail.AddMorpheme(Hangul::kEo, Pos::EM);

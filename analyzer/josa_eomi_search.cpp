@@ -42,6 +42,9 @@ void MAnalyzer::SetEnding(LevelRec& level, const char* text, Eojul& e) {
   // RestOf with the surface measured once: the rest's length is what the
   // surface has beyond the cut (the surface may be cut short in place).
   const char* surface = e.GetString();
+  // A NUL at the cut ends the surface there or before: no rest, and nothing
+  // to measure. analysisLength never passes the surface's uncut end.
+  if (analysisLength >= 0 && surface[analysisLength] == 0) return;
   const int32_t len = static_cast<int32_t>(std::strlen(surface));
   const int32_t cut = analysisLength < len ? analysisLength : len;
   level.ending.Append(surface + cut, len - cut);
@@ -60,10 +63,13 @@ jeInfo MAnalyzer::FirstEomiReading(const SearchJEInfo& sjei) const {
 }
 
 int MAnalyzer::SearchSplits(Eojul& e, bool rePass) {
+  const char* text = e.GetString();
+  return SearchSplitsOf(text, static_cast<int32_t>(std::strlen(text)), rePass);
+}
+
+int MAnalyzer::SearchSplitsOf(const char* text, int32_t wordLen, bool rePass) {
   jeCandidates.clear();
   const Dictionary* dictionary = Knowledge();
-  const char* text = e.GetString();
-  const int32_t wordLen = static_cast<int32_t>(std::strlen(text));
   // The trie holds the keys forwards: ask for the longest key at each
   // syllable boundary; an ending never starts at byte 0.
   for (int32_t pos = 2; pos < wordLen; pos += 2) {
@@ -127,7 +133,6 @@ int MAnalyzer::AnalyzeSplit(Eojul& e, const SearchJEInfo& sjei) {
   const Dictionary* dictionary = Knowledge();
   const unsigned type = e.GetType();
   const bool rePass = (type & EojulType::kSubToken) != 0;
-  const int32_t len = static_cast<int32_t>(std::strlen(e.GetString()));
   int result = 0;
   bool attachOk = true;
   curJe = jeInfo();
@@ -218,8 +223,9 @@ int MAnalyzer::AnalyzeSplit(Eojul& e, const SearchJEInfo& sjei) {
 
     // A stem that only the noun analysis can still explain.
     if (analysisResult == 0 && (result & RouteStatus::kCandidate) == 0 &&
-        attachOk && !rePass && analysisLength == len &&
-        (foundMask & kPastMark) == 0 && (curJe.attach & 0x0008) == 0) {
+        attachOk && !rePass && (foundMask & kPastMark) == 0 &&
+        (curJe.attach & 0x0008) == 0 &&
+        analysisLength == static_cast<int32_t>(std::strlen(e.GetString()))) {
       if (pendingNounEnding < EojulPool::kCapacity) {
         StemEnd& entry = eojulPool.stemEnds[pendingNounEnding++];
         entry.length = sjei.length;

@@ -104,6 +104,8 @@ class MAnalyzer : public QR_Analyzer {
   // a stored record has the ending's start in `length` and the end of the
   // first key in `reserved` when a chain of JX keys follows. Returns 1.
   int SearchSplits(Eojul& e, bool rePass);
+  // The same over `text` of `length` bytes (no NUL among them).
+  int SearchSplitsOf(const char* text, int32_t length, bool rePass);
   // Analysis of `e` with the ending that starts at sjei.length.
   int AnalyzeSplit(Eojul& e, const SearchJEInfo& sjei);
   // The eomi readings of sjei after the stem of the top level.
@@ -197,8 +199,10 @@ class MAnalyzer : public QR_Analyzer {
   // Cuts `text` (at most the line limit) into tokens and runs FlushToken on
   // each.
   void ScanText(const char* text, int length);
-  // Analysis and output of one token closed by the scanner.
-  void FlushToken(const char* token, unsigned type, int tokenStart);
+  // Analysis and output of one token of `length` bytes (no NUL among them)
+  // closed by the scanner.
+  void FlushToken(const char* token, uint32_t length, unsigned type,
+                  int tokenStart);
 
  private:
   // ---- Predicate analysis (AnalyzeWhole and the sound-change handlers):
@@ -253,7 +257,7 @@ class MAnalyzer : public QR_Analyzer {
   void ResetEojulPool();
   // Reads the pre-analysis entry of the surface into `e`; false when the
   // surface has none.
-  bool ReadPreAnalysis(Eojul& e);
+  bool ReadPreAnalysis(Eojul& e, int32_t length);
   // One candidate: the surface with `pos`.
   static void AddSurfaceCandidate(Eojul& e, uint32_t pos);
   // The surface from analysisLength: what a glued ending carries behind it.

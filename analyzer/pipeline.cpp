@@ -65,9 +65,10 @@ int MAnalyzer::RunWithEojul() {
 
 std::ostream& MAnalyzer::Output() { return streams.Out(); }
 
-void MAnalyzer::FlushToken(const char* token, unsigned type, int tokenStart) {
+void MAnalyzer::FlushToken(const char* token, uint32_t length, unsigned type,
+                           int tokenStart) {
   Eojul& e = *CurrentEojul();
-  e.SetText(token, type);
+  e.SetText(token, length, type);
   AnalyzeEojul(e);
   ScoreAllCandidates(e);
   e.SetOffset(tokenStart);

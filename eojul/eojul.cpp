@@ -252,14 +252,18 @@ void Eojul::AdoptCounts(const Eojul& other) {
 
 void Eojul::SetText(const char* surface, unsigned type) {
   if (surface == nullptr) surface = "";
+  SetText(surface, static_cast<uint32_t>(std::strlen(surface)), type);
+}
+
+void Eojul::SetText(const char* surface, uint32_t length, unsigned type) {
   // The surface may live in our own storage, which Initialize can free.
   std::vector<char> saved;
   if (surface >= text && surface < text + capacity) {
-    saved.assign(surface, surface + std::strlen(surface) + 1);
+    saved.assign(surface, surface + length);
+    saved.push_back(0);
     surface = saved.data();
   }
   Initialize(true);
-  uint32_t length = static_cast<uint32_t>(std::strlen(surface));
   EnsureTextRoom(length);
   std::memcpy(text, surface, length);
   text[length] = 0;

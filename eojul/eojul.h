@@ -93,6 +93,9 @@ class Eojul final : public QR_Eojul {
 
   // Initialize(true), then stores the surface and its type bits.
   void SetText(const char* surface, unsigned type);
+  // The same for a surface of `length` bytes with no NUL among them:
+  // nothing is measured.
+  void SetText(const char* surface, uint32_t length, unsigned type);
   unsigned GetType() const { return morphemes[0]; }
   int GetOffset() const { return offset; }
   void SetOffset(int value) { offset = value; }

@@ -53,7 +53,9 @@ void MAnalyzer::ScanText(const char* text, int length) {
     if (s.buffer.size() > static_cast<size_t>(kTokenLimit)) {
       s.type += EojulType::kTooLong;
     }
-    FlushToken(s.buffer.c_str(), s.type, s.tokenStart);
+    // Separators (NUL among them) end a token, so it holds no NUL.
+    FlushToken(s.buffer.c_str(), static_cast<uint32_t>(s.buffer.size()), s.type,
+               s.tokenStart);
     s.tokenStart = s.position;
     s.buffer.clear();
     s.type = 0;

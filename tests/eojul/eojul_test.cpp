@@ -342,6 +342,36 @@ TEST(EojulTest, SurfaceFromItsOwnStorageSurvivesSetText) {
   EXPECT_EQ(std::string(e.GetLexicon(0, 0)), longText);
 }
 
+// SetText with the length given stores what the measuring form stores:
+// short, long (past the inline areas) and from the eojul's own storage.
+TEST(EojulTest, SurfaceOfKnownLengthMatchesTheMeasuredOne) {
+  for (const std::string& surface :
+       {std::string("ab"), std::string(), std::string(300, 'k')}) {
+    Eojul measured;
+    Eojul given;
+    measured.SetText(surface.c_str(), EojulType::kLatin);
+    given.SetText(surface.c_str(), static_cast<uint32_t>(surface.size()),
+                  EojulType::kLatin);
+    EXPECT_EQ(std::string(given.GetString()), surface);
+    EXPECT_EQ(given.GetType(), measured.GetType());
+    for (Eojul* e : {&measured, &given}) {
+      e->BeginCandidate();
+      e->AddSurfaceMorpheme(Pos::NNG);
+      e->AddMorpheme("x", Pos::JKG);
+      e->EndCandidate();
+    }
+    EXPECT_EQ(std::string(given.GetLexicon(0, 0)), surface);
+    EXPECT_STREQ(given.GetLexicon(0, 1), measured.GetLexicon(0, 1));
+    EXPECT_EQ(given.GetListSize(), measured.GetListSize());
+  }
+  Eojul e;
+  std::string longText(400, 'w');
+  e.SetText(longText.c_str(), 0);
+  // The first 5 bytes of our own surface, with no NUL behind them.
+  e.SetText(e.GetString(), 5u, 2);
+  EXPECT_EQ(std::string(e.GetString()), longText.substr(0, 5));
+}
+
 TEST(EojulTest, MorphemeOfKnownLengthTakesExactlyThoseBytes) {
   Eojul e;
   e.SetText("abcdef", 0);
