@@ -31,6 +31,7 @@ Eojul::Eojul(InlineStorage)
       candidates(inlineCandidates),
       scores(inlineScores),
       capacity(kInlineCapacity),
+      candidateSlots(CandidateSlots(kInlineCapacity)),
       startOffsets(inlineStartOffsets),
       endOffsets(inlineEndOffsets) {}
 
@@ -166,6 +167,7 @@ void Eojul::AllocateArrays(uint32_t newCapacity, bool copyOld) {
 void Eojul::UseBlocks(const Blocks& b, uint32_t newCapacity) {
   heapCapacity = b.size;
   capacity = newCapacity;
+  candidateSlots = CandidateSlots(newCapacity);
   text = b.text;
   morphemes = b.morphemes;
   candidates = b.candidates;
@@ -275,24 +277,13 @@ void Eojul::SetText(const char* surface, uint32_t length, unsigned type) {
   textUsed += length + 2;
 }
 
-void Eojul::BeginCandidate() {
-  EnsureCandidateRoom();
-  candidates[0] += 1;
-  uint32_t first = 0;
-  if (candidatePos != 1) {
-    first = candidates[candidatePos - 1] + candidates[candidatePos - 2];
-  }
-  candidates[candidatePos] = 0;
-  candidates[candidatePos + 1] = first;
-  scores[scorePos] = 0.0;
-}
-
 void Eojul::AddMorpheme(const char* lexicon, unsigned pos) {
   if (lexicon == nullptr) lexicon = "";
   AddMorpheme(lexicon, static_cast<uint32_t>(std::strlen(lexicon)), pos);
 }
 
-void Eojul::AddMorpheme(const char* lexicon, uint32_t length, unsigned pos) {
+void Eojul::AddMorphemeGrowing(const char* lexicon, uint32_t length,
+                               unsigned pos) {
   if (lexicon == nullptr) {
     lexicon = "";
     length = 0;
@@ -321,16 +312,6 @@ void Eojul::AddSurfaceMorpheme(unsigned pos) {
   morphemes[morphemeUsed + 1] = 0;
   morphemeUsed += 2;
   candidates[candidatePos] += 1;
-}
-
-void Eojul::EndCandidate() {
-  if (candidates[candidatePos] == 0) return;
-  candidatePos += 2;
-  scorePos += 1;
-  EnsureCandidateRoom();
-  candidates[candidatePos] = 0;
-  candidates[candidatePos + 1] = 0;
-  scores[scorePos] = 0.0;
 }
 
 void Eojul::SetScoreAt(unsigned candidate, double score) {

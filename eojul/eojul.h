@@ -24,6 +24,7 @@
 #include <vector>
 
 #include "qrlsl/qr_eojul.h"
+#include "text/strings.h"
 
 namespace Quorel {
 
@@ -102,14 +103,52 @@ class Eojul final : public QR_Eojul {
 
   // Filling: BeginCandidate, AddMorpheme..., [SetCandidateScore],
   // EndCandidate. REQUIRES: SetText first.
-  void BeginCandidate();
+  void BeginCandidate() {
+    if (candidatePos + 1 >= candidateSlots || scorePos >= candidateSlots) {
+      EnsureCandidateRoom();
+    }
+    candidates[0] += 1;
+    uint32_t first = 0;
+    if (candidatePos != 1) {
+      first = candidates[candidatePos - 1] + candidates[candidatePos - 2];
+    }
+    candidates[candidatePos] = 0;
+    candidates[candidatePos + 1] = first;
+    scores[scorePos] = 0.0;
+  }
   void AddMorpheme(const char* lexicon, unsigned pos);
   // The same for a lexicon of `length` bytes with no NUL among them (a
   // StringEx's text): nothing is measured. It may lie in our own storage.
-  void AddMorpheme(const char* lexicon, uint32_t length, unsigned pos);
+  // Inline while there is room for it; AddMorphemeGrowing otherwise.
+  void AddMorpheme(const char* lexicon, uint32_t length, unsigned pos) {
+    const uint32_t at = textUsed;
+    if (lexicon == nullptr || at + length + 1 >= capacity ||
+        morphemeUsed < 2 || morphemeUsed + 2 >= capacity / 8) {
+      AddMorphemeGrowing(lexicon, length, pos);
+      return;
+    }
+    // No Grow happens, so a lexicon from our own pool stays where it is.
+    spr::stdstyle::MoveBytes(text + at, lexicon, length);
+    text[at + length] = 0;
+    morphemes[morphemeUsed] = pos;
+    morphemes[morphemeUsed + 1] = at;
+    morphemeUsed += 2;
+    textUsed = at + length + 1;
+    candidates[candidatePos] += 1;
+  }
   // A morpheme whose lexicon is the surface itself (no copy).
   void AddSurfaceMorpheme(unsigned pos);
-  void EndCandidate();
+  void EndCandidate() {
+    if (candidates[candidatePos] == 0) return;
+    candidatePos += 2;
+    scorePos += 1;
+    if (candidatePos + 1 >= candidateSlots || scorePos >= candidateSlots) {
+      EnsureCandidateRoom();
+    }
+    candidates[candidatePos] = 0;
+    candidates[candidatePos + 1] = 0;
+    scores[scorePos] = 0.0;
+  }
   void SetCandidateScore(double score) { scores[scorePos] = score; }
   // Score of stored candidate `candidate` (0-based), ignoring the view.
   void SetScoreAt(unsigned candidate, double score);
@@ -225,6 +264,9 @@ class Eojul final : public QR_Eojul {
     number = FirstMorphemeAt(k) + static_cast<uint32_t>(morpheme);
     return true;
   }
+  // AddMorpheme when the text or morpheme area must grow (or a null
+  // lexicon, or no SetText yet).
+  void AddMorphemeGrowing(const char* lexicon, uint32_t length, unsigned pos);
   void AddCandidateFrom(const Eojul& source, uint32_t k);
   // The used counts, offset and end marks of other, whose used parts are
   // already in our arrays.
@@ -244,6 +286,7 @@ class Eojul final : public QR_Eojul {
   double* scores;
   std::vector<uint32_t> order;
   uint32_t capacity;
+  uint32_t candidateSlots;  // entries of candidates and scores: capacity / 12
   uint32_t textUsed;
   uint32_t morphemeUsed;
   uint32_t candidatePos;
