@@ -71,12 +71,14 @@ bool MAnalyzer::ReadPreAnalysis(Eojul& e, int32_t length) {
     e.BeginCandidate();
     for (int k = 0; k < m && p < size; ++k) {
       const char* lexicon = reinterpret_cast<const char*>(&buffer[p]);
+      const size_t start = p;
       while (p < size && buffer[p] != 0) ++p;
       if (p + 1 >= size) break;  // a record cut short ends the read
+      const uint32_t length = static_cast<uint32_t>(p - start);
       ++p;
       signed char row = static_cast<signed char>(buffer[p++]);
       uint32_t pos = row >= 0 && row < kPosTableSize ? PosTable[row].mask : 0;
-      e.AddMorpheme(lexicon, pos);
+      e.AddMorpheme(lexicon, length, pos);
       if (!compoundTried && (pos & (Pos::XP | Pos::XSN)) != 0) {
         compoundTried = true;
       }
@@ -89,6 +91,10 @@ bool MAnalyzer::ReadPreAnalysis(Eojul& e, int32_t length) {
 }
 
 int MAnalyzer::AnalyzeEojul(Eojul& e) {
+  return AnalyzeEojul(e, static_cast<int32_t>(std::strlen(e.GetString())));
+}
+
+int MAnalyzer::AnalyzeEojul(Eojul& e, int32_t len) {
   // 1. Reset; contextCode 1 and 5 carry over to the next token.
   analysisResult = 0;
   foundMask = 0;
@@ -102,7 +108,6 @@ int MAnalyzer::AnalyzeEojul(Eojul& e) {
 
   const unsigned type = e.GetType();
   const bool sub = (type & EojulType::kSubToken) != 0;
-  const int32_t len = static_cast<int32_t>(std::strlen(e.GetString()));
   Dictionary* dictionary = Knowledge();
 
   // 2. Overlong: no route runs.
@@ -208,7 +213,7 @@ int MAnalyzer::AnalyzeEojul(Eojul& e) {
 
   // 10. Auxiliary split: a verb ending in an open ㅏ syllable, or 내.
   if (analysisResult < 1 && !sub) {
-    const SyllableRec* last = LastSyllable(e.GetString());
+    const SyllableRec* last = LastSyllable(e.GetString(), len);
     if (last != nullptr && IsOpen(*last) &&
         (last->jungseong == 3 || HasLetters(*last, 4, 4))) {
       workText = e.GetString();

@@ -29,6 +29,13 @@ bool NoPlainWordClass(uint32_t found) {
          !HasAll(found, Pos::NNI) && !HasAll(found, Pos::NNG);
 }
 
+// CheckJoin on the stem's last syllable `last`.
+bool JoinsAfter(const SyllableRec* last, const char* ending) {
+  const SyllableRec* first = FirstSyllableOf(ending);
+  if (last == nullptr || first == nullptr) return false;
+  return !(HasLetters(*first, 13, 27) && IsOpen(*last));
+}
+
 }  // namespace
 
 const char* MAnalyzer::RestOf(Eojul& e) const {
@@ -277,10 +284,11 @@ jeInfo MAnalyzer::BareEomi(int jong) const {
 }
 
 bool MAnalyzer::CheckJoin(const char* stem, const char* ending) {
-  const SyllableRec* last = LastSyllable(stem);
-  const SyllableRec* first = FirstSyllableOf(ending);
-  if (last == nullptr || first == nullptr) return false;
-  return !(HasLetters(*first, 13, 27) && IsOpen(*last));
+  return JoinsAfter(LastSyllable(stem), ending);
+}
+
+bool MAnalyzer::CheckJoin(const StringEx& stem, const char* ending) {
+  return JoinsAfter(LastSyllableOf(stem), ending);
 }
 
 }  // namespace Quorel

@@ -98,6 +98,8 @@ class MAnalyzer : public QR_Analyzer {
   // The per-token cascade: leaves the candidates of `e`, unscored. Returns
   // the analysis result (0 none); re-entered for a sub-token (type 0x80).
   int AnalyzeEojul(Eojul& e);
+  // The same for a surface of `len` bytes (its strlen), known to the caller.
+  int AnalyzeEojul(Eojul& e, int32_t len);
 
   // ---- Josa and eomi search (status words: RouteStatus) ----
   // Fills jeCandidates with every split point of `e`, longest ending first;
@@ -116,6 +118,8 @@ class MAnalyzer : public QR_Analyzer {
   // False when an ending beginning with 으 follows an open stem, or when
   // either syllable is missing.
   static bool CheckJoin(const char* stem, const char* ending);
+  // The same for a stem (no NUL within its length): nothing is measured.
+  static bool CheckJoin(const StringEx& stem, const char* ending);
 
   // ---- Stems ----
   // The top stem as a noun of the classes in `mask`, or as an adverb, with

@@ -69,7 +69,7 @@ void MAnalyzer::FlushToken(const char* token, uint32_t length, unsigned type,
                            int tokenStart) {
   Eojul& e = *CurrentEojul();
   e.SetText(token, length, type);
-  AnalyzeEojul(e);
+  AnalyzeEojul(e, static_cast<int32_t>(length));
   ScoreAllCandidates(e);
   e.SetOffset(tokenStart);
   if (options[0] > 0) e.SelectTop(static_cast<unsigned char>(options[0]));
