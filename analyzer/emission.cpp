@@ -55,7 +55,10 @@ int MAnalyzer::EmitPredicate(Eojul& e, uint32_t bits, const char* lead) {
 
 int MAnalyzer::SearchStem(const StringEx& key, SearchInfo& si) const {
   const int32_t length = key.Length();
+  // Most keys that are no prefix differ in their last byte (a handler
+  // swapped the last syllable): that test comes before the whole compare.
   if (length <= 0 || length > wordHitsText.Length() ||
+      key.CStr()[length - 1] != wordHitsText.CStr()[length - 1] ||
       std::memcmp(key.CStr(), wordHitsText.CStr(), length) != 0) {
     return Knowledge()->SearchMain(key, si);
   }
