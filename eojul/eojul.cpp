@@ -206,23 +206,6 @@ void Eojul::EnsureCandidateRoom() {
   }
 }
 
-void Eojul::Initialize(bool releaseMemory) {
-  textUsed = 0;
-  morphemeUsed = 0;
-  candidatePos = 1;
-  scorePos = 1;
-  offset = -1;
-  offsetCount = 0;
-  if (releaseMemory && capacity > kInlineCapacity) ReleaseArrays();
-  text[0] = 0;
-  morphemes[0] = morphemes[1] = 0;
-  candidates[0] = candidates[1] = candidates[2] = 0;
-  scores[0] = scores[1] = 0.0;
-  startOffsets[0] = endOffsets[0] = 0;
-  sorted = false;
-  order.clear();
-}
-
 void Eojul::CopyFrom(const Eojul& other) {
   if (this == &other) return;
   if (capacity < other.capacity) AllocateArrays(other.capacity, false);
@@ -259,15 +242,15 @@ void Eojul::SetText(const char* surface, unsigned type) {
 
 void Eojul::SetText(const char* surface, uint32_t length, unsigned type) {
   // The surface may live in our own storage, which Initialize can free.
-  std::vector<char> saved;
   if (surface >= text && surface < text + capacity) {
-    saved.assign(surface, surface + length);
+    std::vector<char> saved(surface, surface + length);
     saved.push_back(0);
-    surface = saved.data();
+    SetText(saved.data(), length, type);
+    return;
   }
   Initialize(true);
   EnsureTextRoom(length);
-  std::memcpy(text, surface, length);
+  spr::stdstyle::MoveBytes(text, surface, length);
   text[length] = 0;
   text[length + 1] = 0;
   EnsureMorphemeRoom();

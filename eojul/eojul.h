@@ -59,7 +59,22 @@ class Eojul final : public QR_Eojul {
   ~Eojul() override;
 
   // QR_Eojul
-  void Initialize(bool releaseMemory) override;
+  void Initialize(bool releaseMemory) override {
+    textUsed = 0;
+    morphemeUsed = 0;
+    candidatePos = 1;
+    scorePos = 1;
+    offset = -1;
+    offsetCount = 0;
+    if (releaseMemory && capacity > kInlineCapacity) ReleaseArrays();
+    text[0] = 0;
+    morphemes[0] = morphemes[1] = 0;
+    candidates[0] = candidates[1] = candidates[2] = 0;
+    scores[0] = scores[1] = 0.0;
+    startOffsets[0] = endOffsets[0] = 0;
+    sorted = false;
+    order.clear();
+  }
   void SetString(const char* text) override;
   const char* GetString() override { return text; }
   int GetListSize() override {
