@@ -19,6 +19,7 @@
 #include "eojul/text_stream.h"
 #include "tagger/post_passes.h"
 #include "tagger/tagger.h"
+#include "knowledge/dictionary.h"
 #include "knowledge/suffix_lists.h"
 #include "qrlsl/qr_analyzer.h"
 #include "text/strings.h"
@@ -26,7 +27,6 @@
 
 namespace Quorel {
 
-class Dictionary;
 struct SyllableRec;
 
 // One record of the analysis stack: a candidate stem, the endings split off
@@ -92,8 +92,10 @@ class MAnalyzer : public QR_Analyzer {
   signed char Option(int option) const { return options[option]; }
   Eojul* CurrentEojul() { return static_cast<Eojul*>(eojul); }
   // The bound knowledge as the one concrete class it can be.
-  Dictionary* Knowledge();
-  const Dictionary* Knowledge() const;
+  Dictionary* Knowledge() { return static_cast<Dictionary*>(knowledge); }
+  const Dictionary* Knowledge() const {
+    return static_cast<const Dictionary*>(knowledge);
+  }
 
   // The per-token cascade: leaves the candidates of `e`, unscored. Returns
   // the analysis result (0 none); re-entered for a sub-token (type 0x80).
