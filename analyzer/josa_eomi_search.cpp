@@ -78,9 +78,11 @@ int MAnalyzer::SearchSplitsOf(const char* text, int32_t wordLen, bool rePass) {
   jeCandidates.clear();
   const Dictionary* dictionary = Knowledge();
   // The trie holds the keys forwards: ask for the longest key at each
-  // syllable boundary; an ending never starts at byte 0.
+  // syllable boundary; an ending never starts at byte 0. One record serves
+  // every boundary: a hit writes its length and jeti, and nothing here
+  // writes its reserved field, so it reads as a fresh one would.
+  SearchJEInfo sjeiT;
   for (int32_t pos = 2; pos < wordLen; pos += 2) {
-    SearchJEInfo sjeiT;
     if (dictionary->SearchJE(text + pos, sjeiT, wordLen - pos) <= 0) continue;
 
     if (pos + sjeiT.length < wordLen) {
