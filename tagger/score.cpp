@@ -70,13 +70,19 @@ double ScoreCandidate(Eojul& eojul, int candidate, ScoreState& state) {
   int32_t& flow = state.scoreFlow;
   double s = 0.0;
 
+  // Each morpheme is read once: the step before hands on its tag and
+  // lexicon as the previous ones, and the next tag is read ahead.
+  uint32_t tag = 0;
+  const char* lexicon = "";
+  uint32_t nextTag = n > 0 ? posAt(0) : 0;
   for (int i = 0; i < n; ++i) {
-    const uint32_t tag = posAt(i);
-    const char* lexicon = lexiconAt(i);
+    const uint32_t prevTag = tag;
+    const char* prevLexicon = lexicon;
+    tag = nextTag;
+    lexicon = lexiconAt(i);
+    nextTag = i < n - 1 ? posAt(i + 1) : 0;
     const size_t len = std::strlen(lexicon);
-    const uint32_t prevTag = i > 0 ? posAt(i - 1) : 0;
-    const char* prevLexicon = i > 0 ? lexiconAt(i - 1) : "";
-    const bool nextIsAuxiliary = i < n - 1 && (posAt(i + 1) & kAuxiliary) != 0;
+    const bool nextIsAuxiliary = (nextTag & kAuxiliary) != 0;
 
     if ((tag & kNoun) != 0) {
       if (n == 1 && (tag & 0x10) == 0) s += 0.5;
