@@ -249,15 +249,16 @@ void Eojul::SetText(const char* surface, uint32_t length, unsigned type) {
     return;
   }
   Initialize(true);
-  EnsureTextRoom(length);
+  // Both areas are empty now: the text area may need to grow for the
+  // surface, the morpheme area (32 entries at least) holds its two.
+  if (length + 1 >= capacity) EnsureTextRoom(length);
   spr::stdstyle::MoveBytes(text, surface, length);
   text[length] = 0;
   text[length + 1] = 0;
-  EnsureMorphemeRoom();
   morphemes[0] = type;
   morphemes[1] = 0;
   morphemeUsed = 2;
-  textUsed += length + 2;
+  textUsed = length + 2;
 }
 
 void Eojul::AddMorpheme(const char* lexicon, unsigned pos) {
