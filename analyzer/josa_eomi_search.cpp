@@ -44,14 +44,10 @@ const char* MAnalyzer::RestOf(Eojul& e) const {
   return surface + (analysisLength < len ? analysisLength : len);
 }
 
-void MAnalyzer::SetEnding(LevelRec& level, const char* text, Eojul& e) {
-  level.ending = text;
+void MAnalyzer::AppendRest(LevelRec& level, Eojul& e) {
   // RestOf with the surface measured once: the rest's length is what the
   // surface has beyond the cut (the surface may be cut short in place).
   const char* surface = e.GetString();
-  // A NUL at the cut ends the surface there or before: no rest, and nothing
-  // to measure. analysisLength never passes the surface's uncut end.
-  if (analysisLength >= 0 && surface[analysisLength] == 0) return;
   const int32_t len = static_cast<int32_t>(std::strlen(surface));
   const int32_t cut = analysisLength < len ? analysisLength : len;
   level.ending.Append(surface + cut, len - cut);

@@ -268,8 +268,17 @@ class MAnalyzer : public QR_Analyzer {
   static void AddSurfaceCandidate(Eojul& e, uint32_t pos);
   // The surface from analysisLength: what a glued ending carries behind it.
   const char* RestOf(Eojul& e) const;
-  // ending = text + RestOf(e).
-  void SetEnding(LevelRec& level, const char* text, Eojul& e);
+  // ending = text + RestOf(e). A NUL at the cut ends the surface there or
+  // before (analysisLength never passes its uncut end): no rest, and nothing
+  // to measure.
+  void SetEnding(LevelRec& level, const char* text, Eojul& e) {
+    level.ending = text;
+    if (analysisLength < 0 || e.GetString()[analysisLength] != 0) {
+      AppendRest(level, e);
+    }
+  }
+  // Appends RestOf(e) to level.ending.
+  void AppendRest(LevelRec& level, Eojul& e);
   // The first eomi reading of a key in the order 0, 9, 5, 19, 17.
   jeInfo FirstEomiReading(const SearchJEInfo& sjei) const;
   // Adds the endings of levels `from` down to 0 (the empty ones skipped).
