@@ -97,7 +97,9 @@ void MAnalyzer::UndoLeadEo(bool noted) {
 
 void MAnalyzer::UseFused(Eojul& e) {
   LevelRec& level = levels[levelIndex];
-  heldEndings[levelIndex] = level.ending;
+  // The held slot takes the ending and its storage; SetEnding fills the
+  // storage the slot had. Fused windows of one level never nest.
+  heldEndings[levelIndex].Swap(level.ending);
   heldBits[levelIndex] = level.endingBits;
   SetEnding(level, curJongJe.text != nullptr ? curJongJe.text : "", e);
   level.endingBits = curJongJe.bits;
@@ -105,7 +107,8 @@ void MAnalyzer::UseFused(Eojul& e) {
 
 void MAnalyzer::UndoFused() {
   LevelRec& level = levels[levelIndex];
-  level.ending = heldEndings[levelIndex];
+  // The slot is left with the fused ending; every user writes it first.
+  level.ending.Swap(heldEndings[levelIndex]);
   level.endingBits = heldBits[levelIndex];
 }
 
