@@ -57,7 +57,7 @@ int MAnalyzer::ContractedHa(Eojul& e, HaContraction variant) {
   if (!cut.Apply(top.stem)) return 0;
   SearchInfo si;
   const uint32_t bits =
-      Knowledge()->SearchMain(top.stem, si) != 0 ? si.info.bits : 0;
+      SearchStem(top.stem, si) != 0 ? si.info.bits : 0;
   const bool marked = (si.info.marks & 1) != 0;
   int status = 0;
 

@@ -61,7 +61,6 @@ int MAnalyzer::DerivedPlain(Eojul& e) {
   LevelRec& top = levels[levelIndex];
   if (dictionary->xsdList.Find(top.stem, xsdPositions) == 0) return 0;
   const char* surface = e.GetString();
-  const int32_t surfaceLength = static_cast<int32_t>(std::strlen(surface));
   int status = 0;
   for (uint32_t i = 0; i < xsdPositions.count; ++i) {
     const int32_t p = xsdPositions.positions[i];
@@ -85,7 +84,10 @@ int MAnalyzer::DerivedPlain(Eojul& e) {
     foundMask |= Pos::XSD;
     // A common noun right after the noun part makes a compound reading.
     SearchInfo si;
-    if (p <= surfaceLength && dictionary->SearchMain(surface + p, si) != 0 &&
+    // NounStem's cut of the surface is undone by now: measuring here finds
+    // the length the loop began with.
+    if (p <= static_cast<int32_t>(std::strlen(surface)) &&
+        dictionary->SearchMain(surface + p, si) != 0 &&
         HasAll(si.info.bits, Pos::NNG)) {
       compoundState = 1;
     }

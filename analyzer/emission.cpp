@@ -1,6 +1,8 @@
 // The common steps of the stem handlers: emitting a candidate from the
 // level stack, the fused reading of the top ending, and the split before
 // an auxiliary predicate.
+#include <cstring>
+
 #include "analyzer/literals.h"
 #include "analyzer/m_analyzer.h"
 #include "eojul/tag_set.h"
@@ -51,9 +53,29 @@ int MAnalyzer::EmitPredicate(Eojul& e, uint32_t bits, const char* lead) {
   return status;
 }
 
+int MAnalyzer::SearchStem(const StringEx& key, SearchInfo& si) const {
+  const int32_t length = key.Length();
+  // Most keys that are no prefix differ in their last byte (a handler
+  // swapped the last syllable): that test comes before the whole compare.
+  if (length <= 0 || length > wordHitsText.Length() ||
+      key.CStr()[length - 1] != wordHitsText.CStr()[length - 1] ||
+      std::memcmp(key.CStr(), wordHitsText.CStr(), length) != 0) {
+    return Knowledge()->SearchMain(key, si);
+  }
+  // wordHits are in increasing end; SearchMain zeroes si on a miss.
+  for (const SearchInfo& hit : wordHits) {
+    if (hit.end < length) continue;
+    if (hit.end > length) break;
+    si = hit;
+    return 1;
+  }
+  std::memset(static_cast<void*>(&si), 0, sizeof si);
+  return 0;
+}
+
 uint32_t MAnalyzer::Lookup(const StringEx& key, uint32_t* marks) const {
   SearchInfo si;
-  const uint32_t bits = Knowledge()->SearchMain(key, si) != 0 ? si.info.bits : 0;
+  const uint32_t bits = SearchStem(key, si) != 0 ? si.info.bits : 0;
   if (marks != nullptr) *marks = bits != 0 ? si.info.marks : 0;
   return bits;
 }
@@ -75,7 +97,9 @@ void MAnalyzer::UndoLeadEo(bool noted) {
 
 void MAnalyzer::UseFused(Eojul& e) {
   LevelRec& level = levels[levelIndex];
-  heldEndings[levelIndex] = level.ending;
+  // The held slot takes the ending and its storage; SetEnding fills the
+  // storage the slot had. Fused windows of one level never nest.
+  heldEndings[levelIndex].Swap(level.ending);
   heldBits[levelIndex] = level.endingBits;
   SetEnding(level, curJongJe.text != nullptr ? curJongJe.text : "", e);
   level.endingBits = curJongJe.bits;
@@ -83,7 +107,8 @@ void MAnalyzer::UseFused(Eojul& e) {
 
 void MAnalyzer::UndoFused() {
   LevelRec& level = levels[levelIndex];
-  level.ending = heldEndings[levelIndex];
+  // The slot is left with the fused ending; every user writes it first.
+  level.ending.Swap(heldEndings[levelIndex]);
   level.endingBits = heldBits[levelIndex];
 }
 
@@ -104,7 +129,7 @@ int MAnalyzer::AuxSplitWith(bool eoOnLevelZero) {
     if (p <= 0 || auxTailCount >= EojulPool::kCapacity) continue;
     Eojul& tail = eojulPool.auxTails[auxTailCount];
     pieceText.Assign(level.stem.CStr(), p);
-    tail.SetText(pieceText.CStr(), 0);
+    tail.SetText(pieceText.CStr(), static_cast<uint32_t>(pieceText.Length()), 0);
     tail.BeginCandidate();
     tail.AddMorpheme(level.stem.CStr(p), Pos::VX);
     if (eoOnLevelZero) {

@@ -47,14 +47,14 @@ void MAnalyzer::ResetEojulPool() {
   auxTailCount = 0;
 }
 
-bool MAnalyzer::ReadPreAnalysis(Eojul& e) {
+bool MAnalyzer::ReadPreAnalysis(Eojul& e, int32_t length) {
   const Dictionary* dictionary = Knowledge();
   if (dictionary == nullptr) return false;
   TrieNode node;
-  for (const char* p = e.GetString(); *p != 0; ++p) {
-    if (!dictionary->preAnalTrie.Walk(static_cast<unsigned char>(*p), node)) {
-      return false;
-    }
+  // The whole surface as one key: every byte must walk.
+  if (!dictionary->preAnalTrie.WalkBytes(
+          reinterpret_cast<const unsigned char*>(e.GetString()), length, node)) {
+    return false;
   }
   if (node.value == nullptr) return false;
   int32_t at = QR_DaTrie::GetValue(node);
@@ -71,12 +71,14 @@ bool MAnalyzer::ReadPreAnalysis(Eojul& e) {
     e.BeginCandidate();
     for (int k = 0; k < m && p < size; ++k) {
       const char* lexicon = reinterpret_cast<const char*>(&buffer[p]);
+      const size_t start = p;
       while (p < size && buffer[p] != 0) ++p;
       if (p + 1 >= size) break;  // a record cut short ends the read
+      const uint32_t length = static_cast<uint32_t>(p - start);
       ++p;
       signed char row = static_cast<signed char>(buffer[p++]);
       uint32_t pos = row >= 0 && row < kPosTableSize ? PosTable[row].mask : 0;
-      e.AddMorpheme(lexicon, pos);
+      e.AddMorpheme(lexicon, length, pos);
       if (!compoundTried && (pos & (Pos::XP | Pos::XSN)) != 0) {
         compoundTried = true;
       }
@@ -89,6 +91,10 @@ bool MAnalyzer::ReadPreAnalysis(Eojul& e) {
 }
 
 int MAnalyzer::AnalyzeEojul(Eojul& e) {
+  return AnalyzeEojul(e, static_cast<int32_t>(std::strlen(e.GetString())));
+}
+
+int MAnalyzer::AnalyzeEojul(Eojul& e, int32_t len) {
   // 1. Reset; contextCode 1 and 5 carry over to the next token.
   analysisResult = 0;
   foundMask = 0;
@@ -102,7 +108,6 @@ int MAnalyzer::AnalyzeEojul(Eojul& e) {
 
   const unsigned type = e.GetType();
   const bool sub = (type & EojulType::kSubToken) != 0;
-  const int32_t len = static_cast<int32_t>(std::strlen(e.GetString()));
   Dictionary* dictionary = Knowledge();
 
   // 2. Overlong: no route runs.
@@ -113,7 +118,7 @@ int MAnalyzer::AnalyzeEojul(Eojul& e) {
 
   // 3. Pre-analysis, unless raw output asks for the real analysis.
   analysisLength = len;
-  if (!sub && !rawOutput && ReadPreAnalysis(e)) {
+  if (!sub && !rawOutput && ReadPreAnalysis(e, len)) {
     analysisResult = 1;
     return 1;
   }
@@ -143,11 +148,11 @@ int MAnalyzer::AnalyzeEojul(Eojul& e) {
   if (dictionary == nullptr) return analysisResult;
 
   // 5. Level 0 is the whole eojul; wordHits all dictionary prefixes.
-  levels[levelIndex].stem = e.GetString();
+  levels[levelIndex].stem.Assign(e.GetString(), len);
   levels[levelIndex].ending.Clear();
   levels[levelIndex].endingBits = 0;
   wordHits.clear();
-  dictionary->SearchAll(e.GetString(), wordHits, 0, 0, 0, 1, 0, 0);
+  dictionary->SearchAll(e.GetString(), wordHits, len, 0, 0, 1, 0, 0);
   wordHitsText.Assign(e.GetString(), len);
 
   // 6. The whole word.
@@ -159,7 +164,7 @@ int MAnalyzer::AnalyzeEojul(Eojul& e) {
 
   // 7. Split points. A josa reading that is not a whole-word ending of a
   // long tail (other than 하고, 하며) rules out the later noun routes.
-  SearchSplits(e, sub);
+  SearchSplitsOf(e.GetString(), len, sub);
   bool allowNoun = true;
   for (size_t k = 0; k < jeCandidates.size(); ++k) {
     const SearchJEInfo split = jeCandidates[k];
@@ -208,7 +213,7 @@ int MAnalyzer::AnalyzeEojul(Eojul& e) {
 
   // 10. Auxiliary split: a verb ending in an open ㅏ syllable, or 내.
   if (analysisResult < 1 && !sub) {
-    const SyllableRec* last = LastSyllable(e.GetString());
+    const SyllableRec* last = LastSyllable(e.GetString(), len);
     if (last != nullptr && IsOpen(*last) &&
         (last->jungseong == 3 || HasLetters(*last, 4, 4))) {
       workText = e.GetString();
@@ -218,7 +223,8 @@ int MAnalyzer::AnalyzeEojul(Eojul& e) {
           if (p <= 0 || auxTailCount >= EojulPool::kCapacity) continue;
           Eojul& tail = eojulPool.auxTails[auxTailCount];
           pieceText.Assign(workText.CStr(), p);
-          tail.SetText(pieceText.CStr(), 0);
+          tail.SetText(pieceText.CStr(),
+                       static_cast<uint32_t>(pieceText.Length()), 0);
           tail.BeginCandidate();
           tail.AddMorpheme(workText.CStr(p), Pos::VX);
           tail.AddMorpheme(Hangul::kEo, Pos::EM);

@@ -98,7 +98,7 @@ int MAnalyzer::AnalyzeEomi(Eojul& e, const SearchJEInfo& sjei) {
           IsSyllable(*syl, Hangul::kReu) && curJongJe.text == nullptr;
       if (!reoAfterReu &&
           (curJongJe.text != nullptr ||
-           (curJe.text != nullptr && CheckJoin(level.stem.CStr(), curJe.text)))) {
+           (curJe.text != nullptr && CheckJoin(level.stem, curJe.text)))) {
         result |= WholeStem(e, 0x30000180) & kFound;
       }
     }

@@ -29,6 +29,13 @@ bool NoPlainWordClass(uint32_t found) {
          !HasAll(found, Pos::NNI) && !HasAll(found, Pos::NNG);
 }
 
+// CheckJoin on the stem's last syllable `last`.
+bool JoinsAfter(const SyllableRec* last, const char* ending) {
+  const SyllableRec* first = FirstSyllableOf(ending);
+  if (last == nullptr || first == nullptr) return false;
+  return !(HasLetters(*first, 13, 27) && IsOpen(*last));
+}
+
 }  // namespace
 
 const char* MAnalyzer::RestOf(Eojul& e) const {
@@ -37,8 +44,7 @@ const char* MAnalyzer::RestOf(Eojul& e) const {
   return surface + (analysisLength < len ? analysisLength : len);
 }
 
-void MAnalyzer::SetEnding(LevelRec& level, const char* text, Eojul& e) {
-  level.ending = text;
+void MAnalyzer::AppendRest(LevelRec& level, Eojul& e) {
   // RestOf with the surface measured once: the rest's length is what the
   // surface has beyond the cut (the surface may be cut short in place).
   const char* surface = e.GetString();
@@ -60,14 +66,19 @@ jeInfo MAnalyzer::FirstEomiReading(const SearchJEInfo& sjei) const {
 }
 
 int MAnalyzer::SearchSplits(Eojul& e, bool rePass) {
+  const char* text = e.GetString();
+  return SearchSplitsOf(text, static_cast<int32_t>(std::strlen(text)), rePass);
+}
+
+int MAnalyzer::SearchSplitsOf(const char* text, int32_t wordLen, bool rePass) {
   jeCandidates.clear();
   const Dictionary* dictionary = Knowledge();
-  const char* text = e.GetString();
-  const int32_t wordLen = static_cast<int32_t>(std::strlen(text));
   // The trie holds the keys forwards: ask for the longest key at each
-  // syllable boundary; an ending never starts at byte 0.
+  // syllable boundary; an ending never starts at byte 0. One record serves
+  // every boundary: a hit writes its length and jeti, and nothing here
+  // writes its reserved field, so it reads as a fresh one would.
+  SearchJEInfo sjeiT;
   for (int32_t pos = 2; pos < wordLen; pos += 2) {
-    SearchJEInfo sjeiT;
     if (dictionary->SearchJE(text + pos, sjeiT, wordLen - pos) <= 0) continue;
 
     if (pos + sjeiT.length < wordLen) {
@@ -127,7 +138,6 @@ int MAnalyzer::AnalyzeSplit(Eojul& e, const SearchJEInfo& sjei) {
   const Dictionary* dictionary = Knowledge();
   const unsigned type = e.GetType();
   const bool rePass = (type & EojulType::kSubToken) != 0;
-  const int32_t len = static_cast<int32_t>(std::strlen(e.GetString()));
   int result = 0;
   bool attachOk = true;
   curJe = jeInfo();
@@ -218,8 +228,9 @@ int MAnalyzer::AnalyzeSplit(Eojul& e, const SearchJEInfo& sjei) {
 
     // A stem that only the noun analysis can still explain.
     if (analysisResult == 0 && (result & RouteStatus::kCandidate) == 0 &&
-        attachOk && !rePass && analysisLength == len &&
-        (foundMask & kPastMark) == 0 && (curJe.attach & 0x0008) == 0) {
+        attachOk && !rePass && (foundMask & kPastMark) == 0 &&
+        (curJe.attach & 0x0008) == 0 &&
+        analysisLength == static_cast<int32_t>(std::strlen(e.GetString()))) {
       if (pendingNounEnding < EojulPool::kCapacity) {
         StemEnd& entry = eojulPool.stemEnds[pendingNounEnding++];
         entry.length = sjei.length;
@@ -271,10 +282,11 @@ jeInfo MAnalyzer::BareEomi(int jong) const {
 }
 
 bool MAnalyzer::CheckJoin(const char* stem, const char* ending) {
-  const SyllableRec* last = LastSyllable(stem);
-  const SyllableRec* first = FirstSyllableOf(ending);
-  if (last == nullptr || first == nullptr) return false;
-  return !(HasLetters(*first, 13, 27) && IsOpen(*last));
+  return JoinsAfter(LastSyllable(stem), ending);
+}
+
+bool MAnalyzer::CheckJoin(const StringEx& stem, const char* ending) {
+  return JoinsAfter(LastSyllableOf(stem), ending);
 }
 
 }  // namespace Quorel

@@ -99,14 +99,6 @@ int MAnalyzer::SetEojul(QR_Eojul* eojulObject) {
   return 1;
 }
 
-Dictionary* MAnalyzer::Knowledge() {
-  return static_cast<Dictionary*>(knowledge);
-}
-
-const Dictionary* MAnalyzer::Knowledge() const {
-  return static_cast<const Dictionary*>(knowledge);
-}
-
 void MAnalyzer::SetRawOutput() { rawOutput = true; }
 
 QR_Eojul* MAnalyzer::GetEojulInSentence(unsigned int index) {

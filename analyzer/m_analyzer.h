@@ -19,6 +19,7 @@
 #include "eojul/text_stream.h"
 #include "tagger/post_passes.h"
 #include "tagger/tagger.h"
+#include "knowledge/dictionary.h"
 #include "knowledge/suffix_lists.h"
 #include "qrlsl/qr_analyzer.h"
 #include "text/strings.h"
@@ -26,7 +27,6 @@
 
 namespace Quorel {
 
-class Dictionary;
 struct SyllableRec;
 
 // One record of the analysis stack: a candidate stem, the endings split off
@@ -92,18 +92,24 @@ class MAnalyzer : public QR_Analyzer {
   signed char Option(int option) const { return options[option]; }
   Eojul* CurrentEojul() { return static_cast<Eojul*>(eojul); }
   // The bound knowledge as the one concrete class it can be.
-  Dictionary* Knowledge();
-  const Dictionary* Knowledge() const;
+  Dictionary* Knowledge() { return static_cast<Dictionary*>(knowledge); }
+  const Dictionary* Knowledge() const {
+    return static_cast<const Dictionary*>(knowledge);
+  }
 
   // The per-token cascade: leaves the candidates of `e`, unscored. Returns
   // the analysis result (0 none); re-entered for a sub-token (type 0x80).
   int AnalyzeEojul(Eojul& e);
+  // The same for a surface of `len` bytes (its strlen), known to the caller.
+  int AnalyzeEojul(Eojul& e, int32_t len);
 
   // ---- Josa and eomi search (status words: RouteStatus) ----
   // Fills jeCandidates with every split point of `e`, longest ending first;
   // a stored record has the ending's start in `length` and the end of the
   // first key in `reserved` when a chain of JX keys follows. Returns 1.
   int SearchSplits(Eojul& e, bool rePass);
+  // The same over `text` of `length` bytes (no NUL among them).
+  int SearchSplitsOf(const char* text, int32_t length, bool rePass);
   // Analysis of `e` with the ending that starts at sjei.length.
   int AnalyzeSplit(Eojul& e, const SearchJEInfo& sjei);
   // The eomi readings of sjei after the stem of the top level.
@@ -114,6 +120,8 @@ class MAnalyzer : public QR_Analyzer {
   // False when an ending beginning with 으 follows an open stem, or when
   // either syllable is missing.
   static bool CheckJoin(const char* stem, const char* ending);
+  // The same for a stem (no NUL within its length): nothing is measured.
+  static bool CheckJoin(const StringEx& stem, const char* ending);
 
   // ---- Stems ----
   // The top stem as a noun of the classes in `mask`, or as an adverb, with
@@ -122,6 +130,10 @@ class MAnalyzer : public QR_Analyzer {
   // The top stem as a plain predicate (VV, VA, VX as `mask` allows) with
   // the ending as written, then with the fused reading.
   int WholeStem(Eojul& e, uint32_t mask);
+  // SearchMain of `key`, with the same answer and `si`. A key that is a
+  // prefix of wordHitsText is answered from wordHits, which hold every word
+  // that begins that text; any other key walks the trie.
+  int SearchStem(const StringEx& key, SearchInfo& si) const;
   // Fill counts of the pending noun tails (copula, predicative suffix).
   int32_t PendingNounSuffix() const { return pendingNounSuffix; }
   int32_t PendingNounOther() const { return pendingNounOther; }
@@ -193,8 +205,10 @@ class MAnalyzer : public QR_Analyzer {
   // Cuts `text` (at most the line limit) into tokens and runs FlushToken on
   // each.
   void ScanText(const char* text, int length);
-  // Analysis and output of one token closed by the scanner.
-  void FlushToken(const char* token, unsigned type, int tokenStart);
+  // Analysis and output of one token of `length` bytes (no NUL among them)
+  // closed by the scanner.
+  void FlushToken(const char* token, uint32_t length, unsigned type,
+                  int tokenStart);
 
  private:
   // ---- Predicate analysis (AnalyzeWhole and the sound-change handlers):
@@ -249,13 +263,22 @@ class MAnalyzer : public QR_Analyzer {
   void ResetEojulPool();
   // Reads the pre-analysis entry of the surface into `e`; false when the
   // surface has none.
-  bool ReadPreAnalysis(Eojul& e);
+  bool ReadPreAnalysis(Eojul& e, int32_t length);
   // One candidate: the surface with `pos`.
   static void AddSurfaceCandidate(Eojul& e, uint32_t pos);
   // The surface from analysisLength: what a glued ending carries behind it.
   const char* RestOf(Eojul& e) const;
-  // ending = text + RestOf(e).
-  void SetEnding(LevelRec& level, const char* text, Eojul& e);
+  // ending = text + RestOf(e). A NUL at the cut ends the surface there or
+  // before (analysisLength never passes its uncut end): no rest, and nothing
+  // to measure.
+  void SetEnding(LevelRec& level, const char* text, Eojul& e) {
+    level.ending = text;
+    if (analysisLength < 0 || e.GetString()[analysisLength] != 0) {
+      AppendRest(level, e);
+    }
+  }
+  // Appends RestOf(e) to level.ending.
+  void AppendRest(LevelRec& level, Eojul& e);
   // The first eomi reading of a key in the order 0, 9, 5, 19, 17.
   jeInfo FirstEomiReading(const SearchJEInfo& sjei) const;
   // Adds the endings of levels `from` down to 0 (the empty ones skipped).

@@ -65,10 +65,11 @@ int MAnalyzer::RunWithEojul() {
 
 std::ostream& MAnalyzer::Output() { return streams.Out(); }
 
-void MAnalyzer::FlushToken(const char* token, unsigned type, int tokenStart) {
+void MAnalyzer::FlushToken(const char* token, uint32_t length, unsigned type,
+                           int tokenStart) {
   Eojul& e = *CurrentEojul();
-  e.SetText(token, type);
-  AnalyzeEojul(e);
+  e.SetText(token, length, type);
+  AnalyzeEojul(e, static_cast<int32_t>(length));
   ScoreAllCandidates(e);
   e.SetOffset(tokenStart);
   if (options[0] > 0) e.SelectTop(static_cast<unsigned char>(options[0]));

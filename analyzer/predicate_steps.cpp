@@ -6,29 +6,6 @@
 
 namespace Quorel {
 
-bool SyllableSwap::Apply(StringEx& target, int32_t at, int16_t link) {
-  const SyllableRec* to = SyllableByNumber(link);
-  if (to == nullptr || to->code[0] == 0 || at < 0 || at + 2 > target.Length()) {
-    return false;
-  }
-  char* bytes = target.Data() + at;
-  saved[0] = bytes[0];
-  saved[1] = bytes[1];
-  bytes[0] = static_cast<char>(to->code[0]);
-  bytes[1] = static_cast<char>(to->code[1]);
-  text = &target;
-  offset = at;
-  return true;
-}
-
-void SyllableSwap::Restore() {
-  if (text == nullptr) return;
-  char* bytes = text->Data() + offset;
-  bytes[0] = saved[0];
-  bytes[1] = saved[1];
-  text = nullptr;
-}
-
 bool SyllableCut::Apply(StringEx& target) {
   const int32_t length = target.Length();
   if (length < 2) return false;

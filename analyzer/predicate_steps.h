@@ -19,13 +19,33 @@ class SyllableSwap {
   // Writes the syllable of record `link` over the two bytes at `offset` of
   // `text`; false, writing nothing, when the link is none or the offset is
   // outside the text.
-  bool Apply(StringEx& text, int32_t offset, int16_t link);
+  bool Apply(StringEx& target, int32_t at, int16_t link) {
+    const SyllableRec* to = SyllableByNumber(link);
+    if (to == nullptr || to->code[0] == 0 || at < 0 ||
+        at + 2 > target.Length()) {
+      return false;
+    }
+    char* bytes = target.Data() + at;
+    saved[0] = bytes[0];
+    saved[1] = bytes[1];
+    bytes[0] = static_cast<char>(to->code[0]);
+    bytes[1] = static_cast<char>(to->code[1]);
+    text = &target;
+    offset = at;
+    return true;
+  }
   // The link `bit` (a SyllableTable link number) of the last syllable.
   bool ApplyLast(StringEx& text, const SyllableRec& last, int bit) {
     return Apply(text, text.Length() - 2, last.links[bit]);
   }
   // Puts the kept bytes back, once; nothing when not applied.
-  void Restore();
+  void Restore() {
+    if (text == nullptr) return;
+    char* bytes = text->Data() + offset;
+    bytes[0] = saved[0];
+    bytes[1] = saved[1];
+    text = nullptr;
+  }
   bool Applied() const { return text != nullptr; }
 
  private:

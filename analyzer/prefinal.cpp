@@ -193,7 +193,7 @@ int MAnalyzer::PrefinalFusedSi(Eojul& e, const SyllableRec& syl,
   curJe = jeInfo();
   int status = 0;
   auto readings = [&]() {
-    if (valid && CheckJoin(next.stem.CStr(), next.ending.CStr())) {
+    if (valid && CheckJoin(next.stem, next.ending.CStr())) {
       status |= EmitStemReadings(e, Lookup(next.stem), !rePass, nullptr);
     }
   };
@@ -262,7 +262,7 @@ int MAnalyzer::PrefinalPlain(Eojul& e, bool done, bool rePass) {
     const SyllableRec* last = LastSyllableOf(next.stem);
     const bool plain = !(f != nullptr && f->choseong == 11 &&
                          last != nullptr && !IsOpen(*last));
-    if (plain && !done && CheckJoin(next.stem.CStr(), next.ending.CStr())) {
+    if (plain && !done && CheckJoin(next.stem, next.ending.CStr())) {
       status |= EmitStemReadings(e, Lookup(next.stem), !rePass, nullptr);
     }
   };

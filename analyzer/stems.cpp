@@ -22,11 +22,10 @@ bool HasAll(uint32_t mask, uint32_t bits) { return (mask & bits) == bits; }
 }  // namespace
 
 int MAnalyzer::NounStem(Eojul& e, uint32_t mask) {
-  const Dictionary* dictionary = Knowledge();
   LevelRec& level = levels[levelIndex];
   SearchInfo si;
   const uint32_t bits =
-      dictionary->SearchMain(level.stem, si) != 0 ? si.info.bits : 0;
+      SearchStem(level.stem, si) != 0 ? si.info.bits : 0;
   const bool marked = (si.info.marks & 1) != 0;
   int status = 0;
 
@@ -83,7 +82,6 @@ int MAnalyzer::NounStem(Eojul& e, uint32_t mask) {
 }
 
 int MAnalyzer::WholeStem(Eojul& e, uint32_t mask) {
-  const Dictionary* dictionary = Knowledge();
   const bool rePass = (e.GetType() & EojulType::kSubToken) != 0;
   LevelRec& level = levels[levelIndex];
   int status = 0;
@@ -155,7 +153,7 @@ int MAnalyzer::WholeStem(Eojul& e, uint32_t mask) {
   last[1] = static_cast<char>(plain->code[1]);
   SearchInfo si;
   const uint32_t bits =
-      dictionary->SearchMain(level.stem, si) != 0 ? si.info.bits : 0;
+      SearchStem(level.stem, si) != 0 ? si.info.bits : 0;
   const uint16_t attach = curJongJe.attach;
   if ((bits & Pos::V_) != 0) {
     if ((mask & 0x80) != 0 && (bits & 0x80) != 0 &&

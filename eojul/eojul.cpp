@@ -31,6 +31,7 @@ Eojul::Eojul(InlineStorage)
       candidates(inlineCandidates),
       scores(inlineScores),
       capacity(kInlineCapacity),
+      candidateSlots(CandidateSlots(kInlineCapacity)),
       startOffsets(inlineStartOffsets),
       endOffsets(inlineEndOffsets) {}
 
@@ -166,6 +167,7 @@ void Eojul::AllocateArrays(uint32_t newCapacity, bool copyOld) {
 void Eojul::UseBlocks(const Blocks& b, uint32_t newCapacity) {
   heapCapacity = b.size;
   capacity = newCapacity;
+  candidateSlots = CandidateSlots(newCapacity);
   text = b.text;
   morphemes = b.morphemes;
   candidates = b.candidates;
@@ -204,23 +206,6 @@ void Eojul::EnsureCandidateRoom() {
   }
 }
 
-void Eojul::Initialize(bool releaseMemory) {
-  textUsed = 0;
-  morphemeUsed = 0;
-  candidatePos = 1;
-  scorePos = 1;
-  offset = -1;
-  offsetCount = 0;
-  if (releaseMemory && capacity > kInlineCapacity) ReleaseArrays();
-  text[0] = 0;
-  morphemes[0] = morphemes[1] = 0;
-  candidates[0] = candidates[1] = candidates[2] = 0;
-  scores[0] = scores[1] = 0.0;
-  startOffsets[0] = endOffsets[0] = 0;
-  sorted = false;
-  order.clear();
-}
-
 void Eojul::CopyFrom(const Eojul& other) {
   if (this == &other) return;
   if (capacity < other.capacity) AllocateArrays(other.capacity, false);
@@ -252,35 +237,28 @@ void Eojul::AdoptCounts(const Eojul& other) {
 
 void Eojul::SetText(const char* surface, unsigned type) {
   if (surface == nullptr) surface = "";
+  SetText(surface, static_cast<uint32_t>(std::strlen(surface)), type);
+}
+
+void Eojul::SetText(const char* surface, uint32_t length, unsigned type) {
   // The surface may live in our own storage, which Initialize can free.
-  std::vector<char> saved;
   if (surface >= text && surface < text + capacity) {
-    saved.assign(surface, surface + std::strlen(surface) + 1);
-    surface = saved.data();
+    std::vector<char> saved(surface, surface + length);
+    saved.push_back(0);
+    SetText(saved.data(), length, type);
+    return;
   }
   Initialize(true);
-  uint32_t length = static_cast<uint32_t>(std::strlen(surface));
-  EnsureTextRoom(length);
-  std::memcpy(text, surface, length);
+  // Both areas are empty now: the text area may need to grow for the
+  // surface, the morpheme area (32 entries at least) holds its two.
+  if (length + 1 >= capacity) EnsureTextRoom(length);
+  spr::stdstyle::MoveBytes(text, surface, length);
   text[length] = 0;
   text[length + 1] = 0;
-  EnsureMorphemeRoom();
   morphemes[0] = type;
   morphemes[1] = 0;
   morphemeUsed = 2;
-  textUsed += length + 2;
-}
-
-void Eojul::BeginCandidate() {
-  EnsureCandidateRoom();
-  candidates[0] += 1;
-  uint32_t first = 0;
-  if (candidatePos != 1) {
-    first = candidates[candidatePos - 1] + candidates[candidatePos - 2];
-  }
-  candidates[candidatePos] = 0;
-  candidates[candidatePos + 1] = first;
-  scores[scorePos] = 0.0;
+  textUsed = length + 2;
 }
 
 void Eojul::AddMorpheme(const char* lexicon, unsigned pos) {
@@ -288,7 +266,8 @@ void Eojul::AddMorpheme(const char* lexicon, unsigned pos) {
   AddMorpheme(lexicon, static_cast<uint32_t>(std::strlen(lexicon)), pos);
 }
 
-void Eojul::AddMorpheme(const char* lexicon, uint32_t length, unsigned pos) {
+void Eojul::AddMorphemeGrowing(const char* lexicon, uint32_t length,
+                               unsigned pos) {
   if (lexicon == nullptr) {
     lexicon = "";
     length = 0;
@@ -317,16 +296,6 @@ void Eojul::AddSurfaceMorpheme(unsigned pos) {
   morphemes[morphemeUsed + 1] = 0;
   morphemeUsed += 2;
   candidates[candidatePos] += 1;
-}
-
-void Eojul::EndCandidate() {
-  if (candidates[candidatePos] == 0) return;
-  candidatePos += 2;
-  scorePos += 1;
-  EnsureCandidateRoom();
-  candidates[candidatePos] = 0;
-  candidates[candidatePos + 1] = 0;
-  scores[scorePos] = 0.0;
 }
 
 void Eojul::SetScoreAt(unsigned candidate, double score) {

@@ -24,6 +24,7 @@
 #include <vector>
 
 #include "qrlsl/qr_eojul.h"
+#include "text/strings.h"
 
 namespace Quorel {
 
@@ -58,7 +59,22 @@ class Eojul final : public QR_Eojul {
   ~Eojul() override;
 
   // QR_Eojul
-  void Initialize(bool releaseMemory) override;
+  void Initialize(bool releaseMemory) override {
+    textUsed = 0;
+    morphemeUsed = 0;
+    candidatePos = 1;
+    scorePos = 1;
+    offset = -1;
+    offsetCount = 0;
+    if (releaseMemory && capacity > kInlineCapacity) ReleaseArrays();
+    text[0] = 0;
+    morphemes[0] = morphemes[1] = 0;
+    candidates[0] = candidates[1] = candidates[2] = 0;
+    scores[0] = scores[1] = 0.0;
+    startOffsets[0] = endOffsets[0] = 0;
+    sorted = false;
+    order.clear();
+  }
   void SetString(const char* text) override;
   const char* GetString() override { return text; }
   int GetListSize() override {
@@ -93,20 +109,61 @@ class Eojul final : public QR_Eojul {
 
   // Initialize(true), then stores the surface and its type bits.
   void SetText(const char* surface, unsigned type);
+  // The same for a surface of `length` bytes with no NUL among them:
+  // nothing is measured.
+  void SetText(const char* surface, uint32_t length, unsigned type);
   unsigned GetType() const { return morphemes[0]; }
   int GetOffset() const { return offset; }
   void SetOffset(int value) { offset = value; }
 
   // Filling: BeginCandidate, AddMorpheme..., [SetCandidateScore],
   // EndCandidate. REQUIRES: SetText first.
-  void BeginCandidate();
+  void BeginCandidate() {
+    if (candidatePos + 1 >= candidateSlots || scorePos >= candidateSlots) {
+      EnsureCandidateRoom();
+    }
+    candidates[0] += 1;
+    uint32_t first = 0;
+    if (candidatePos != 1) {
+      first = candidates[candidatePos - 1] + candidates[candidatePos - 2];
+    }
+    candidates[candidatePos] = 0;
+    candidates[candidatePos + 1] = first;
+    scores[scorePos] = 0.0;
+  }
   void AddMorpheme(const char* lexicon, unsigned pos);
   // The same for a lexicon of `length` bytes with no NUL among them (a
   // StringEx's text): nothing is measured. It may lie in our own storage.
-  void AddMorpheme(const char* lexicon, uint32_t length, unsigned pos);
+  // Inline while there is room for it; AddMorphemeGrowing otherwise.
+  void AddMorpheme(const char* lexicon, uint32_t length, unsigned pos) {
+    const uint32_t at = textUsed;
+    if (lexicon == nullptr || at + length + 1 >= capacity ||
+        morphemeUsed < 2 || morphemeUsed + 2 >= capacity / 8) {
+      AddMorphemeGrowing(lexicon, length, pos);
+      return;
+    }
+    // No Grow happens, so a lexicon from our own pool stays where it is.
+    spr::stdstyle::MoveBytes(text + at, lexicon, length);
+    text[at + length] = 0;
+    morphemes[morphemeUsed] = pos;
+    morphemes[morphemeUsed + 1] = at;
+    morphemeUsed += 2;
+    textUsed = at + length + 1;
+    candidates[candidatePos] += 1;
+  }
   // A morpheme whose lexicon is the surface itself (no copy).
   void AddSurfaceMorpheme(unsigned pos);
-  void EndCandidate();
+  void EndCandidate() {
+    if (candidates[candidatePos] == 0) return;
+    candidatePos += 2;
+    scorePos += 1;
+    if (candidatePos + 1 >= candidateSlots || scorePos >= candidateSlots) {
+      EnsureCandidateRoom();
+    }
+    candidates[candidatePos] = 0;
+    candidates[candidatePos + 1] = 0;
+    scores[scorePos] = 0.0;
+  }
   void SetCandidateScore(double score) { scores[scorePos] = score; }
   // Score of stored candidate `candidate` (0-based), ignoring the view.
   void SetScoreAt(unsigned candidate, double score);
@@ -222,6 +279,9 @@ class Eojul final : public QR_Eojul {
     number = FirstMorphemeAt(k) + static_cast<uint32_t>(morpheme);
     return true;
   }
+  // AddMorpheme when the text or morpheme area must grow (or a null
+  // lexicon, or no SetText yet).
+  void AddMorphemeGrowing(const char* lexicon, uint32_t length, unsigned pos);
   void AddCandidateFrom(const Eojul& source, uint32_t k);
   // The used counts, offset and end marks of other, whose used parts are
   // already in our arrays.
@@ -241,6 +301,7 @@ class Eojul final : public QR_Eojul {
   double* scores;
   std::vector<uint32_t> order;
   uint32_t capacity;
+  uint32_t candidateSlots;  // entries of candidates and scores: capacity / 12
   uint32_t textUsed;
   uint32_t morphemeUsed;
   uint32_t candidatePos;

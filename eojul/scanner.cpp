@@ -23,10 +23,12 @@ constexpr unsigned kTextClasses =
     EojulType::kDigit | EojulType::kLatin | EojulType::kDoubleByte;
 
 // The token under construction and the scan position. The buffer is the
-// analyzer's, reserved once, so that a line costs no allocation.
+// analyzer's, sized once for the longest line, so that a line costs no
+// allocation; `used` bytes of it are the token (NUL-terminated when read).
 struct ScanState {
-  explicit ScanState(std::string& tokenBuffer) : buffer(tokenBuffer) {}
-  std::string& buffer;
+  explicit ScanState(std::string& tokenBuffer) : buffer(&tokenBuffer[0]) {}
+  char* buffer;
+  size_t used = 0;
   unsigned type = 0;
   unsigned marks = 0;
   int position = 0;
@@ -42,23 +44,27 @@ void MAnalyzer::ScanText(const char* text, int length) {
     Logger().Write(message.c_str());
     return;
   }
+  // A token is never longer than its line (under kLineLimit), plus the NUL.
+  if (scanBuffer.size() < static_cast<size_t>(kLineLimit) + 2) {
+    scanBuffer.resize(static_cast<size_t>(kLineLimit) + 2);
+  }
   ScanState s(scanBuffer);
-  s.buffer.clear();
-  s.buffer.reserve(static_cast<size_t>(kLineLimit) + 2);
   const int width = options[18] > 0 ? 1 : 2;
   auto at = [&](int k) -> unsigned char {
     return k <= length ? static_cast<unsigned char>(text[k]) : 0;
   };
   auto flush = [&]() {
-    if (s.buffer.size() > static_cast<size_t>(kTokenLimit)) {
+    if (s.used > static_cast<size_t>(kTokenLimit)) {
       s.type += EojulType::kTooLong;
     }
-    FlushToken(s.buffer.c_str(), s.type, s.tokenStart);
+    // Separators (NUL among them) end a token, so it holds no NUL.
+    s.buffer[s.used] = 0;
+    FlushToken(s.buffer, static_cast<uint32_t>(s.used), s.type, s.tokenStart);
     s.tokenStart = s.position;
-    s.buffer.clear();
+    s.used = 0;
     s.type = 0;
   };
-  auto store = [&](unsigned char c) { s.buffer.push_back(static_cast<char>(c)); };
+  auto store = [&](unsigned char c) { s.buffer[s.used++] = static_cast<char>(c); };
 
   int i = 0;
   while (i <= length) {
@@ -69,7 +75,8 @@ void MAnalyzer::ScanText(const char* text, int length) {
       s.position += width;
       store(c);
       store(d);
-      ConvertHanja(&s.buffer[0], &s.buffer[0]);
+      s.buffer[s.used] = 0;
+      ConvertHanja(s.buffer, s.buffer);
       s.type |= EojulType::kDoubleByte;
       i += 2;
     } else if (IsDoubleByteText(c, d)) {
@@ -116,7 +123,7 @@ void MAnalyzer::ScanText(const char* text, int length) {
       }
     } else if (IsSeparator(c)) {
       s.position += 1;
-      if (s.buffer.empty()) {
+      if (s.used == 0) {
         s.tokenStart += 1;
       } else {
         if ((s.marks & kClosingQuote) != 0) s.type |= EojulType::kClosed;
@@ -158,7 +165,7 @@ void MAnalyzer::ScanText(const char* text, int length) {
         s.type |= EojulType::kSymbol;
         flush();
       } else {
-        if (!s.buffer.empty() && s.type != EojulType::kSymbol) flush();
+        if (s.used != 0 && s.type != EojulType::kSymbol) flush();
         store(c);
         s.position += 1;
         s.type = EojulType::kSymbol;
@@ -167,7 +174,7 @@ void MAnalyzer::ScanText(const char* text, int length) {
       }
       i += 1;
     } else {
-      if (!s.buffer.empty()) flush();
+      if (s.used != 0) flush();
       s.position += width;
       if (!hasNext || d < 0x81) {
         i += 2;  // a lone lead byte or a broken pair makes no token

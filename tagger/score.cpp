@@ -55,19 +55,34 @@ double ScoreCandidate(Eojul& eojul, int candidate, ScoreState& state) {
   const int n = static_cast<int>(eojul.MorphemeCountAt(static_cast<uint32_t>(stored)));
   auto posAt = [&](int i) { return eojul.PosOf(first + static_cast<uint32_t>(i)); };
   auto lexiconAt = [&](int i) { return eojul.LexiconOf(first + static_cast<uint32_t>(i)); };
+  // The surface is measured when a rule first asks for its length.
   const char* surface = eojul.GetString();
-  const size_t surfaceLen = surface != nullptr ? std::strlen(surface) : 0;
+  size_t surfaceLen = 0;
+  bool surfaceMeasured = false;
+  auto surfaceLength = [&]() {
+    if (!surfaceMeasured) {
+      surfaceLen = surface != nullptr ? std::strlen(surface) : 0;
+      surfaceMeasured = true;
+    }
+    return surfaceLen;
+  };
   const uint32_t found = state.foundMask;
   int32_t& flow = state.scoreFlow;
   double s = 0.0;
 
+  // Each morpheme is read once: the step before hands on its tag and
+  // lexicon as the previous ones, and the next tag is read ahead.
+  uint32_t tag = 0;
+  const char* lexicon = "";
+  uint32_t nextTag = n > 0 ? posAt(0) : 0;
   for (int i = 0; i < n; ++i) {
-    const uint32_t tag = posAt(i);
-    const char* lexicon = lexiconAt(i);
+    const uint32_t prevTag = tag;
+    const char* prevLexicon = lexicon;
+    tag = nextTag;
+    lexicon = lexiconAt(i);
+    nextTag = i < n - 1 ? posAt(i + 1) : 0;
     const size_t len = std::strlen(lexicon);
-    const uint32_t prevTag = i > 0 ? posAt(i - 1) : 0;
-    const char* prevLexicon = i > 0 ? lexiconAt(i - 1) : "";
-    const bool nextIsAuxiliary = i < n - 1 && (posAt(i + 1) & kAuxiliary) != 0;
+    const bool nextIsAuxiliary = (nextTag & kAuxiliary) != 0;
 
     if ((tag & kNoun) != 0) {
       if (n == 1 && (tag & 0x10) == 0) s += 0.5;
@@ -75,7 +90,7 @@ double ScoreCandidate(Eojul& eojul, int candidate, ScoreState& state) {
         s += Term(0.6, len, kUnit);
         if (len == 2) s *= 0.8;
         // The penalty looks at the eojul's surface, not the morpheme.
-        if (surfaceLen == 6) s -= 0.1;
+        if (surfaceLength() == 6) s -= 0.1;
       }
       if ((tag & 0x1000) != 0) s += Term(0.6, len, kUnit);
       if ((tag & 0x2000) != 0) s += Term(1.1, len, kUnit);
@@ -109,7 +124,7 @@ double ScoreCandidate(Eojul& eojul, int candidate, ScoreState& state) {
       if (flow == 4) s *= 0.5;
     }
     if ((tag & kPredicativeSuffix) != 0 && flow == 0) {
-      s += surfaceLen < 8 ? 0.47 : 0.67;
+      s += surfaceLength() < 8 ? 0.47 : 0.67;
       if (std::strcmp(lexicon, kHa) == 0) {
         s += 0.18;
         flow = (found & kAuxiliary) != 0 ? 4 : 3;

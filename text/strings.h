@@ -166,6 +166,21 @@ class string {
     length = 0;
     Data()[0] = T();
   }
+  // Exchanges the texts of two strings with their storage (inline bytes or
+  // heap block); nothing is copied but the members.
+  void Swap(string& other) {
+    static_assert(sizeof inlineBuffer >= sizeof heap, "the bytes hold either");
+    unsigned char held[sizeof inlineBuffer];
+    std::memcpy(held, inlineBuffer, sizeof held);
+    std::memcpy(inlineBuffer, other.inlineBuffer, sizeof held);
+    std::memcpy(other.inlineBuffer, held, sizeof held);
+    const int32_t heldLength = length;
+    length = other.length;
+    other.length = heldLength;
+    const int32_t heldCapacity = capacity;
+    capacity = other.capacity;
+    other.capacity = heldCapacity;
+  }
 
  protected:
   // Makes the storage hold at least `needed` characters (NUL included),

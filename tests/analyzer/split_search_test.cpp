@@ -193,5 +193,18 @@ TEST_F(SplitSearchTest, CheckJoinRefusesEuAfterAnOpenStem) {
   EXPECT_FALSE(MAnalyzer::CheckJoin(Cp949("가").c_str(), "x"));
 }
 
+// The stem form answers as the measuring one on every pair.
+TEST_F(SplitSearchTest, CheckJoinOfAStemAnswersAsTheMeasuredText) {
+  for (const char* stem : {"가", "먹", "", "가먹", "먹가"}) {
+    for (const char* ending : {"으면", "은", "면", "다", "x", ""}) {
+      const std::string s = Cp949(stem);
+      const std::string t = Cp949(ending);
+      EXPECT_EQ(MAnalyzer::CheckJoin(StringEx(s.c_str()), t.c_str()),
+                MAnalyzer::CheckJoin(s.c_str(), t.c_str()))
+          << stem << " + " << ending;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace Quorel

@@ -273,6 +273,38 @@ TEST_F(StemsTest, RePassDropsSuffixTailsBeforeAnAdnominalEnding) {
   EXPECT_EQ(AuxTails(), (List{"먹고 : 있/VX+다/EM"}));
 }
 
+// ---- Stem lookups answered from the word hits of the eojul ----
+
+// SearchStem answers as SearchMain, field for field: from wordHits for the
+// prefixes of the analysed word (hits and misses), by the trie for others.
+TEST_F(StemsTest, StemSearchAnswersAsTheMainSearch) {
+  using testing_driver::Cp949;
+  Analyze("생각하다");
+  const Dictionary& d = fixture.knowledge;
+  const MAnalyzer& a = fixture.analyzer;
+  int hits = 0;
+  for (const char* utf8 : {"생", "생각", "생각하", "생각하다", "생각하다다",
+                           "학생", "하", "각하", "공부", "생각해"}) {
+    const StringEx key(Cp949(utf8).c_str());
+    SearchInfo viaHits;
+    SearchInfo viaTrie;
+    const int found = a.SearchStem(key, viaHits);
+    ASSERT_EQ(found, d.SearchMain(key, viaTrie)) << utf8;
+    hits += found;
+    EXPECT_EQ(viaHits.start, viaTrie.start) << utf8;
+    EXPECT_EQ(viaHits.end, viaTrie.end) << utf8;
+    EXPECT_EQ(viaHits.info.bits, viaTrie.info.bits) << utf8;
+    EXPECT_EQ(viaHits.info.marks, viaTrie.info.marks) << utf8;
+    EXPECT_EQ(viaHits.info.nnuInfo, viaTrie.info.nnuInfo) << utf8;
+    EXPECT_EQ(viaHits.nnbText, viaTrie.nnbText) << utf8;
+    EXPECT_EQ(viaHits.nnpText, viaTrie.nnpText) << utf8;
+    EXPECT_EQ(viaHits.nnuText, viaTrie.nnuText) << utf8;
+    EXPECT_EQ(viaHits.nuText, viaTrie.nuText) << utf8;
+  }
+  // 생각, 생각하, 학생, 하 and 공부 are words.
+  EXPECT_EQ(hits, 5);
+}
+
 // The whole road with scoring keeps the analyses.
 TEST_F(StemsTest, ScoredRunKeepsTheStemAnalyses) {
   Eojul& e = fixture.Run("학생이었다");

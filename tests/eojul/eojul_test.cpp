@@ -190,6 +190,34 @@ TEST(EojulTest, GrowthKeepsEveryEarlierAnswer) {
   EXPECT_STREQ(e.GetLexicon(0, 0), "again");
 }
 
+// Morphemes of known length stored in room (inline) and at the step that
+// makes the text area grow, from our own surface, read back as the
+// measured form stores copies of the same texts.
+TEST(EojulTest, KnownLengthMorphemesMatchMeasuredOnesAcrossGrowth) {
+  std::string surface(200, 'a');
+  for (size_t i = 0; i < surface.size(); ++i) surface[i] = static_cast<char>('a' + i % 26);
+  Eojul given;
+  Eojul measured;
+  given.SetText(surface.c_str(), 0);
+  measured.SetText(surface.c_str(), 0);
+  // 202 + 41 bytes fit the 256 inline bytes; the next 21 do not.
+  const std::pair<size_t, size_t> pieces[] = {{0, 40}, {10, 20}, {5, 3}};
+  for (Eojul* e : {&given, &measured}) e->BeginCandidate();
+  for (const auto& piece : pieces) {
+    given.AddMorpheme(given.GetString() + piece.first,
+                      static_cast<uint32_t>(piece.second), Pos::NNG);
+    measured.AddMorpheme(surface.substr(piece.first, piece.second).c_str(),
+                         Pos::NNG);
+  }
+  for (Eojul* e : {&given, &measured}) e->EndCandidate();
+  ASSERT_EQ(given.GetCount(0), 3);
+  for (int m = 0; m < 3; ++m) {
+    EXPECT_STREQ(given.GetLexicon(0, m), measured.GetLexicon(0, m));
+    EXPECT_EQ(given.GetPOS(0, m), measured.GetPOS(0, m));
+  }
+  EXPECT_EQ(std::string(given.GetString()), surface);
+}
+
 TEST(EojulTest, ManyShortCandidatesStayInBounds) {
   // Candidates fill their directory before the text or morphemes would grow.
   Eojul e;
@@ -340,6 +368,36 @@ TEST(EojulTest, SurfaceFromItsOwnStorageSurvivesSetText) {
   e.AddMorpheme(e.GetString(), Pos::NNG);  // copied from our own pool
   e.EndCandidate();
   EXPECT_EQ(std::string(e.GetLexicon(0, 0)), longText);
+}
+
+// SetText with the length given stores what the measuring form stores:
+// short, long (past the inline areas) and from the eojul's own storage.
+TEST(EojulTest, SurfaceOfKnownLengthMatchesTheMeasuredOne) {
+  for (const std::string& surface :
+       {std::string("ab"), std::string(), std::string(300, 'k')}) {
+    Eojul measured;
+    Eojul given;
+    measured.SetText(surface.c_str(), EojulType::kLatin);
+    given.SetText(surface.c_str(), static_cast<uint32_t>(surface.size()),
+                  EojulType::kLatin);
+    EXPECT_EQ(std::string(given.GetString()), surface);
+    EXPECT_EQ(given.GetType(), measured.GetType());
+    for (Eojul* e : {&measured, &given}) {
+      e->BeginCandidate();
+      e->AddSurfaceMorpheme(Pos::NNG);
+      e->AddMorpheme("x", Pos::JKG);
+      e->EndCandidate();
+    }
+    EXPECT_EQ(std::string(given.GetLexicon(0, 0)), surface);
+    EXPECT_STREQ(given.GetLexicon(0, 1), measured.GetLexicon(0, 1));
+    EXPECT_EQ(given.GetListSize(), measured.GetListSize());
+  }
+  Eojul e;
+  std::string longText(400, 'w');
+  e.SetText(longText.c_str(), 0);
+  // The first 5 bytes of our own surface, with no NUL behind them.
+  e.SetText(e.GetString(), 5u, 2);
+  EXPECT_EQ(std::string(e.GetString()), longText.substr(0, 5));
 }
 
 TEST(EojulTest, MorphemeOfKnownLengthTakesExactlyThoseBytes) {

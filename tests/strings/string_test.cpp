@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include "text/strings.h"
 
@@ -59,6 +60,33 @@ TEST(StringStorage, CopiesAreIndependent) {
   EXPECT_EQ("short", Str(c));
   c = c;
   EXPECT_EQ("short", Str(c));
+}
+
+// Swap leaves each string as a copy of the other would have been, for
+// every pairing of inline and heap storage, and both stay usable.
+TEST(StringStorage, SwapExchangesTextAndStorage) {
+  const std::string shortText = "short";
+  const std::string longText = "a rather long text past the inline buffer";
+  const std::string other = "another text well past the inline buffer too";
+  for (const auto& pair : {std::make_pair(shortText, std::string("tiny")),
+                           std::make_pair(shortText, longText),
+                           std::make_pair(longText, shortText),
+                           std::make_pair(longText, other)}) {
+    ByteString a(pair.first.c_str());
+    ByteString b(pair.second.c_str());
+    a.Swap(b);
+    EXPECT_EQ(pair.second, Str(a));
+    EXPECT_EQ(pair.first, Str(b));
+    a.Append("+");
+    b = "after";
+    EXPECT_EQ(pair.second + "+", Str(a));
+    EXPECT_EQ("after", Str(b));
+  }
+  ByteString empty;
+  ByteString full(longText.c_str());
+  empty.Swap(full);
+  EXPECT_EQ(longText, Str(empty));
+  EXPECT_TRUE(full.IsEmpty());
 }
 
 TEST(StringStorage, TruncateAndClear) {
