@@ -115,6 +115,9 @@ int Dictionary::LoadPreAnalysis(const char* path, const char* fileName,
 
 int Dictionary::LoadUserNoun(const char* path, const char* fileName, bool) {
   int result = LoadMainDic(JoinPath(path, fileName, false).c_str(), "NNU");
+  // Inserting dropped the main trie's root-pair index; lookups stay right
+  // without it but walk byte by byte, so it is built again.
+  IndexLookupTries();
   return result < 0 ? 0 : 1;
 }
 

@@ -202,6 +202,11 @@ TEST_F(UserNounTest, UserWordsTakeOverFromTheSystemsNouns) {
   EXPECT_STREQ("3", si.nnuText);
   EXPECT_EQ(0, dict.SearchMain("ABC", si));
   EXPECT_EQ(0, dict.SearchMain("xyz", si));
+  // The inserts dropped the root-pair index; the load builds it again, and
+  // the indexed walk finds the user's words.
+  EXPECT_TRUE(dict.mainTrie.HasRootPairs());
+  EXPECT_EQ(1, dict.SearchMain(Cp949("학교").c_str(), si));
+  EXPECT_EQ(Pos::NNU, si.info.bits);
 }
 
 TEST_F(UserNounTest, MissingFileReturnsZero) {
