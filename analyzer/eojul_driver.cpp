@@ -50,14 +50,13 @@ void MAnalyzer::ResetEojulPool() {
 bool MAnalyzer::ReadPreAnalysis(Eojul& e, int32_t length) {
   const Dictionary* dictionary = Knowledge();
   if (dictionary == nullptr) return false;
-  TrieNode node;
   // The whole surface as one key: every byte must walk.
-  if (!dictionary->preAnalTrie.WalkBytes(
-          reinterpret_cast<const unsigned char*>(e.GetString()), length, node)) {
-    return false;
-  }
-  if (node.value == nullptr) return false;
-  int32_t at = QR_DaTrie::GetValue(node);
+  int32_t walked = 0;
+  const unsigned char* value = dictionary->preAnalTrie.ValueOf(
+      reinterpret_cast<const unsigned char*>(e.GetString()), length, walked);
+  if (value == nullptr) return false;
+  int32_t at;
+  std::memcpy(&at, value, sizeof at);
   const std::vector<unsigned char>& buffer = dictionary->preAnalBuffer;
   size_t size = buffer.size();
   if (at <= 0 || static_cast<size_t>(at) >= size) return false;

@@ -127,8 +127,9 @@ class Dictionary : public QR_Knowledge {
                  int32_t len = 0) const;
 
   // Builds the root-pair index of the tries that the analyzers look up
-  // most; LoadKnowledge does it at its end. After Inserts (user nouns) the
-  // lookups stay right but walk byte by byte until it is called again.
+  // most; LoadKnowledge does it at its end, and the loaders that insert
+  // later (user nouns, pre-analyses) again. After an Insert the lookups stay
+  // right but walk byte by byte until it is called again.
   void IndexLookupTries();
 
   // True when the user noun `word` fits its composition pattern.

@@ -110,6 +110,8 @@ int Dictionary::LoadPreAnalysis(const char* path, const char* fileName,
     }
   }
   std::fclose(in);
+  // The inserts dropped the trie's root-pair index.
+  preAnalTrie.IndexRootPairs();
   return 1;
 }
 
