@@ -65,7 +65,7 @@ NounDivider::NounDivider()
   word.Reserve(256);
   seenText.Reserve(kDivOutputSize);
   hits.reserve(kMaxDivHits + 64);
-  rowCount = kDivRows;  // every row, the first time
+  for (int k = 0; k < kDivRows; ++k) BlankRow(k);
   ClearRows();
   std::memset(output, 0, sizeof(output));
 }
@@ -91,15 +91,8 @@ bool NounDivider::InJosaList(const char* text, int32_t len) {
 }
 
 void NounDivider::ClearRows() {
-  // Rows and weights from rowCount on are blank: every row is opened blank
-  // (row 0 by the clear before the walk sets rowCount to 1, the others by
-  // NewRow), so only the rows opened since the last clear need it.
-  const int used = rowCount < 0 ? 0 : (rowCount > kDivRows ? kDivRows : rowCount);
-  std::memset(rows, 0, sizeof(DivRow) * static_cast<size_t>(used));
-  for (int k = 0; k < used; ++k) {
-    std::memset(rows[k].hitIndex, kNoHit, sizeof(rows[k].hitIndex));
-  }
-  std::memset(weightSum, 0, sizeof(double) * static_cast<size_t>(used));
+  // Rows from rowCount on may hold an earlier word's leftovers: each row is
+  // blanked as it opens (BlankRow), and nothing reads past rowCount.
   std::memset(selected, 0xFF, sizeof(selected));  // -1 is all one bytes
   indexWordCount = 0;
   inSpan = 0;
@@ -108,12 +101,16 @@ void NounDivider::ClearRows() {
   splitFlag = 0;
 }
 
-int NounDivider::NewRow() {
-  if (rowCount >= kDivRows) return -1;
-  const int r = rowCount++;
+void NounDivider::BlankRow(int r) {
   std::memset(&rows[r], 0, sizeof(DivRow));
   std::memset(rows[r].hitIndex, kNoHit, sizeof(rows[r].hitIndex));
   weightSum[r] = 0.0;
+}
+
+int NounDivider::NewRow() {
+  if (rowCount >= kDivRows) return -1;
+  const int r = rowCount++;
+  BlankRow(r);
   return r;
 }
 
@@ -305,7 +302,8 @@ int32_t NounDivider::ChooseRows() {
   int best = -1;
   int groups = 0;
   int32_t at = 1;
-  for (int k = 0; k < kDivRows && rows[k].elements[0].length != 0; ++k) {
+  // The open rows up to the first empty one.
+  for (int k = 0; k < rowCount && rows[k].elements[0].length != 0; ++k) {
     if (IsDead(k)) continue;
     if (best < 0 || rows[k].score > rows[best].score) best = k;
     if (mode != 1 && rows[k].score >= 0.8 && WriteRow(k, at)) {

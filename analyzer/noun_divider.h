@@ -177,12 +177,14 @@ class NounDivider {
     int prevHit;
   };
 
-  // Per-word reset of rows, weights, selections and counters.
+  // Per-word reset of selections and counters; no row is open after it.
   void ClearRows();
+  // Blanks row r and its weight sum: no elements, every hitIndex kNoHit.
+  void BlankRow(int r);
   // Zeroes output up to its first NUL: between the steps it holds one string
   // and zeros behind it, which each step keeps so.
   void ClearOutput();
-  // Opens a fresh row; -1 when 20 are open.
+  // Opens a fresh (blanked) row; -1 when 20 are open.
   int NewRow();
   // Copies elements 0..count-1 and the score of row `from` into `to`.
   void CopyRow(int to, int from, int count);

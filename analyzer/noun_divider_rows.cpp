@@ -68,6 +68,7 @@ int NounDivider::Enumerate(const char* text,
   const int32_t units = wordLength / 2 + (ascii > 1 ? ascii - 1 : ascii);
 
   rowCount = 1;
+  BlankRow(0);
   splitFlag = 0;
   josaText.Clear();
   inSpan = 0;
