@@ -184,7 +184,7 @@ const char* NounDivider::Divide(const char* text, int divideMode,
     return output;
   }
 
-  const int live = Enumerate(word.CStr(), startHits);
+  const int live = Enumerate(word.CStr(), startHits, &si);
   if (live < 1) {
     ClearOutput();
     output[0] = '$';

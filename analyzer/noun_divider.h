@@ -66,6 +66,11 @@ extern const LengthPattern LengthPatterns[kLengthPatternCount];
 // The table value of code, found by binary search; 0.0 when absent.
 double LengthPatternValue(int32_t code);
 
+// The units that the ASCII letters (33..126) among the length bytes at w add
+// to a word's length in syllables: their number, less one when there are
+// several.
+int32_t AsciiUnits(const char* w, int32_t length);
+
 // Reads the piece of a stored division text that starts at text[i] (not
 // NUL, not '@') and moves i behind it: a digit 1..9 or a letter a..z (10 and
 // on) is a length with letter 0; a run of n equal other bytes is that letter
@@ -118,8 +123,10 @@ class NounDivider {
   // ---- The steps, public so that a reader (or a test) can drive them ----
   // Stores word, collects its hits (startHits as for Divide) and walks,
   // weighs, deduplicates and scores the rows. Returns the number of live rows.
+  // whole, when given, is the word's own SearchMain record (blank on a miss).
   int Enumerate(const char* text,
-                const std::vector<SearchInfo>* startHits = nullptr);
+                const std::vector<SearchInfo>* startHits = nullptr,
+                const SearchInfo* whole = nullptr);
   // Recursive search of divisions into rows; returns rowCount.
   int Walk(int row, int hit, int pos);
   // Sets element pos of row to letter over `bytes` bytes with its default
@@ -176,6 +183,15 @@ class NounDivider {
     int32_t prevEnd;
     int prevHit;
   };
+
+  // Answers of the dictionary that one Enumerate asks more than once. Each
+  // is exact for the word being enumerated and is reset with it.
+  static constexpr int32_t kSuffixMemoBytes = 64;
+  // IsXSN of the two bytes at `at`, asked of the dictionary once per word.
+  bool SuffixAt(int32_t at);
+  int8_t suffixMemo[kSuffixMemoBytes];  // -1 not asked yet, else the answer
+  const SearchInfo* wholeWord = nullptr;  // the record of the whole word
+  SearchInfo pieceRecord;  // WeighElement's lookup of a piece no hit gave
 
   // Per-word reset of selections and counters; no row is open after it.
   void ClearRows();

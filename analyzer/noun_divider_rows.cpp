@@ -38,12 +38,52 @@ jeInfo JosaReading(const Dictionary& d, const char* key, int32_t len) {
 
 }  // namespace
 
+// Words of Hangul alone, whose bytes all have the high bit, are told apart
+// eight bytes at a time; only other words count byte by byte.
+int32_t AsciiUnits(const char* w, int32_t length) {
+  constexpr uint64_t kHigh = 0x8080808080808080ULL;
+  int32_t i = 0;
+  for (; i + 8 <= length; i += 8) {
+    uint64_t chunk;
+    std::memcpy(&chunk, w + i, sizeof(chunk));
+    if ((chunk & kHigh) != kHigh) break;
+  }
+  if (i + 8 > length) {
+    // The last bytes, four, two and one at a time.
+    bool high = true;
+    int32_t t = i;
+    if (t + 4 <= length) {
+      uint32_t part;
+      std::memcpy(&part, w + t, sizeof(part));
+      high = (part & 0x80808080U) == 0x80808080U;
+      t += 4;
+    }
+    if (high && t + 2 <= length) {
+      uint16_t part;
+      std::memcpy(&part, w + t, sizeof(part));
+      high = (part & 0x8080U) == 0x8080U;
+      t += 2;
+    }
+    if (high && t < length) high = (static_cast<unsigned char>(w[t]) & 0x80) != 0;
+    if (high) return 0;
+  }
+  int32_t ascii = 0;
+  for (; i < length; ++i) {
+    const unsigned char c = static_cast<unsigned char>(w[i]);
+    if (c >= 33 && c <= 126) ++ascii;
+  }
+  return ascii > 1 ? ascii - 1 : ascii;
+}
+
 int NounDivider::Enumerate(const char* text,
-                           const std::vector<SearchInfo>* startHits) {
+                           const std::vector<SearchInfo>* startHits,
+                           const SearchInfo* whole) {
   ClearRows();
   if (text != word.CStr()) word = text != nullptr ? text : "";
   wordLength = word.Length();
   const char* w = word.CStr();
+  wholeWord = whole;
+  std::memset(suffixMemo, -1, sizeof(suffixMemo));
   hits.clear();
   // Only words of 3 bytes or more are kept, so none starts in the last 2.
   for (int32_t off = 0; off + 3 <= wordLength; off += 2) {
@@ -60,12 +100,7 @@ int NounDivider::Enumerate(const char* text,
     if (hits.size() >= static_cast<size_t>(kMaxDivHits)) break;
   }
   if (hits.size() > static_cast<size_t>(kMaxDivHits)) hits.resize(kMaxDivHits);
-  int32_t ascii = 0;
-  for (int32_t i = 0; i < wordLength; ++i) {
-    const unsigned char c = static_cast<unsigned char>(w[i]);
-    if (c >= 33 && c <= 126) ++ascii;
-  }
-  const int32_t units = wordLength / 2 + (ascii > 1 ? ascii - 1 : ascii);
+  const int32_t units = wordLength / 2 + AsciiUnits(w, wordLength);
 
   rowCount = 1;
   BlankRow(0);
@@ -91,7 +126,18 @@ int NounDivider::Enumerate(const char* text,
     rows[k].score = rows[k].score + Score(k) + weightSum[k] / 10.0;
     ++live;
   }
+  wholeWord = nullptr;
   return live;
+}
+
+bool NounDivider::SuffixAt(int32_t at) {
+  if (at < 0 || at >= kSuffixMemoBytes) {
+    return dictionary->IsXSN(word.CStr() + at, 2) != 0;
+  }
+  if (suffixMemo[at] < 0) {
+    suffixMemo[at] = dictionary->IsXSN(word.CStr() + at, 2) != 0 ? 1 : 0;
+  }
+  return suffixMemo[at] != 0;
 }
 
 double NounDivider::WeighRow(int k, bool uCopy[kDivRows]) {
@@ -147,16 +193,19 @@ void NounDivider::WeighElement(int k, int j, int32_t at, bool uCopy[kDivRows],
   const bool last = j + 1 >= kDivElements || r.elements[j + 1].length <= 0;
   const char next = last ? 0 : r.elements[j + 1].letter;
   const int32_t nextLength = last ? 0 : r.elements[j + 1].length;
-  // The walk's hits hold the records of the words they cover.
-  SearchInfo si;
-  const SearchInfo* hit = FindHit(at, at + bytes);
-  uint32_t bits = 0;
-  if (hit != nullptr) {
-    si = *hit;
-    bits = si.info.bits;
-  } else if (dictionary->SearchMain(w + at, si, bytes) != 0) {
-    bits = si.info.bits;
+  // The walk's hits hold the records of the words they cover, and Divide
+  // the record of the whole word.
+  const SearchInfo* record = FindHit(at, at + bytes);
+  if (record == nullptr) {
+    if (at == 0 && bytes == wordLength && wholeWord != nullptr) {
+      record = wholeWord;
+    } else {
+      dictionary->SearchMain(w + at, pieceRecord, bytes);
+      record = &pieceRecord;
+    }
   }
+  const SearchInfo& si = *record;
+  const uint32_t bits = si.info.bits;
   const int attr = si.nnbText != nullptr ? std::atoi(si.nnbText) : 0;
 
   if (at > 0 && HasTag(bits, Pos::NNB) && (attr & 2) != 0) {
@@ -194,7 +243,7 @@ void NounDivider::WeighElement(int k, int j, int32_t at, bool uCopy[kDivRows],
     return;
   }
   if (last && e.length == 1 && (j == 0 || r.elements[j - 1].letter != 'C') &&
-      dictionary->IsXSN(w + wordLength - 2, 2) != 0) {
+      SuffixAt(wordLength - 2)) {
     e.letter = 'Y';
     if (InJosaList(w + wordLength - 2, 2)) {
       e.weight -= 1;

@@ -25,7 +25,7 @@ int NounDivider::WalkTail(int row, int pos, const TailSpan& span) {
   const char* r = w + span.prevEnd;
   const char l1 = LetterAt(row, pos - 1);
   const char l2 = LetterAt(row, pos - 2);
-  if (rest == 2 && dictionary->IsXSN(r, 2) != 0) {
+  if (rest == 2 && SuffixAt(span.prevEnd)) {
     if (wordLength < 11 && pos >= 1 && l1 != 'Y' && l1 != 'C' &&
         (pos < 2 || l2 != 'Y')) {
       AddElement(row, pos, 2, 'Y');
@@ -106,7 +106,7 @@ int NounDivider::TailFourBytes(int row, int pos, const TailSpan& span) {
     AddElement(row, pos + 1, 2, 'Y');
     return CloseRow(row, pos + 2);
   }
-  if (dictionary->IsXSN(second, 2) != 0 && !InJosaList(second, 2) &&
+  if (SuffixAt(span.prevEnd + 2) && !InJosaList(second, 2) &&
       !Same(second, DividerText::kGa, 2) && !Same(r, DividerText::kDeul, 2) &&
       !Same(r, DividerText::kEu, 2) && !Same(r, DividerText::kBeop, 2) &&
       !Same(r, DividerText::kE, 2) && !Same(r, DividerText::kHyeong, 2)) {
@@ -115,7 +115,7 @@ int NounDivider::TailFourBytes(int row, int pos, const TailSpan& span) {
     if (pos + 1 < kDivElements) rows[row].elements[pos + 1].weight += 1;
     return CloseRow(row, pos + 2);
   }
-  if (dictionary->IsXSN(r, 2) == 0 || Same(r, DividerText::kRoseo, 4) ||
+  if (!SuffixAt(span.prevEnd) || Same(r, DividerText::kRoseo, 4) ||
       l1 == 'C' || l1 == 'J' || l1 == 'Q') {
     return -1;
   }
@@ -194,17 +194,17 @@ int NounDivider::TailJosa(int row, int pos, const TailSpan& span) {
   if (rest == 6 && lastLength < 5 && dictionary->IsXSNXSN(r, 4) != 0) {
     AddElement(row, p++, 2, 'Y');
     AddElement(row, p++, 2, 'Y');
-  } else if (rest == 6 && dictionary->IsXSN(r, 2) != 0) {
+  } else if (rest == 6 && SuffixAt(span.prevEnd)) {
     AddElement(row, p, 2, 'Y');
     if (Same(r, DividerText::kHa, 2) && p < kDivElements) {
       rows[row].elements[p].weight -= 2;
     }
     ++p;
     AddElement(row, p++, 2, 'U');
-  } else if (rest == 6 && dictionary->IsXSN(r + 2, 2) != 0) {
+  } else if (rest == 6 && SuffixAt(span.prevEnd + 2)) {
     AddElement(row, p++, 2, 'U');
     AddElement(row, p++, 2, 'Y');
-  } else if (rest == 8 && dictionary->IsXSN(r, 2) != 0) {
+  } else if (rest == 8 && SuffixAt(span.prevEnd)) {
     AddElement(row, p++, 2, 'Y');
     AddElement(row, p++, 4, 'U');
   } else {

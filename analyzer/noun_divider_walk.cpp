@@ -184,7 +184,7 @@ int NounDivider::Walk(int row, int hit, int pos) {
   const char* w = word.CStr();
   if (hits.empty()) {
     // No hit at all: one unknown piece, with a suffix split off.
-    if (wordLength > 2 && dictionary->IsXSN(w + wordLength - 2, 2) != 0) {
+    if (wordLength > 2 && SuffixAt(wordLength - 2)) {
       AddElement(row, 0, wordLength - 2, 'U');
       rows[row].elements[0].weight += 1;
       AddElement(row, 1, 2, 'Y');
@@ -237,7 +237,7 @@ int NounDivider::Walk(int row, int hit, int pos) {
     } else if (HasHit(span.prevStart, h.start)) {
       return RejectRow(row, pos);
     } else {
-      const bool suffix = dictionary->IsXSN(w + span.prevEnd, 2) != 0;
+      const bool suffix = SuffixAt(span.prevEnd);
       AddElement(row, pos, 2, suffix ? 'Y' : 'U');
     }
     return TakeHit(row, hit, pos + 1);

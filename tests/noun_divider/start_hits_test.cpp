@@ -80,5 +80,34 @@ TEST_F(StartHitsTest, HitsBeyondTheSearchLimitAreCutAlike) {
   }
 }
 
+// Enumerate given the word's own record (as Divide gives it) weighs a piece
+// over the whole word as a lookup of its own would.
+TEST_F(StartHitsTest, TheWholeWordRecordChangesNoRow) {
+  const char* const kWords[] = {"뷁뷁뷁뷁", "뷁뷁뷁", "국가경제정책", "국가",
+                                "신한국인들", "국가뷁", "뷁국가", "책학교"};
+  NounDivider fed;
+  fed.Bind(&knowledge->dictionary);
+  int wholePieces = 0;
+  for (const char* utf8 : kWords) {
+    const std::string word = Cp949(utf8);
+    SearchInfo record;
+    knowledge->dictionary.SearchMain(word.c_str(), record);
+    const int own = divider.Enumerate(word.c_str());
+    const int given = fed.Enumerate(word.c_str(), nullptr, &record);
+    ASSERT_EQ(own, given) << utf8;
+    ASSERT_EQ(divider.rowCount, fed.rowCount) << utf8;
+    for (int k = 0; k < divider.rowCount; ++k) {
+      EXPECT_EQ(testing_divider::RowShape(divider, k),
+                testing_divider::RowShape(fed, k)) << utf8 << " row " << k;
+      EXPECT_EQ(divider.IsDead(k), fed.IsDead(k)) << utf8 << " row " << k;
+      EXPECT_EQ(divider.weightSum[k], fed.weightSum[k]) << utf8 << " row " << k;
+      EXPECT_EQ(divider.rows[k].score, fed.rows[k].score) << utf8 << " row " << k;
+      const DivElement& first = divider.rows[k].elements[0];
+      if (2 * first.length == static_cast<int32_t>(word.size())) ++wholePieces;
+    }
+  }
+  EXPECT_GT(wholePieces, 1);  // rows of one piece over the word were weighed
+}
+
 }  // namespace
 }  // namespace Quorel
