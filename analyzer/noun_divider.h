@@ -250,6 +250,48 @@ class NounDivider {
   void AddPlainBonus(int k);
 };
 
+// Inline: the walk adds an element at almost every step.
+inline void NounDivider::AddElement(int row, int pos, int32_t bytes, char letter) {
+  if (row < 0 || row >= kDivRows || IsDead(row)) return;
+  if (pos < 0 || pos >= kDivElements) {
+    Kill(row);
+    return;
+  }
+  const int32_t b = bytes;
+  int32_t weight = 0;
+  switch (letter) {
+    case ' ':
+    case 'M':
+      weight = b <= 5 ? b - 1 : (b == 6 ? 10 : (b - 1) * (b / 2));
+      break;
+    case 'I':
+      weight = b == 6 ? 8 : 3;
+      break;
+    case 'J':
+      weight = InJosaList(josaText.CStr(), josaText.Length()) ? 2 : 0;
+      break;
+    case 'N':
+      weight = b < 6 ? 2 * b : b * (b / 2);
+      break;
+    case 'P':
+      weight = 2;
+      break;
+    case 'Q':
+      weight = -3;
+      break;
+    case 'U':
+      weight = -2;
+      break;
+    case 'X':
+    case 'Y':
+      weight = 1;
+      break;
+    default:
+      break;
+  }
+  rows[row].elements[pos] = DivElement{b / 2, weight, letter};
+}
+
 }  // namespace Quorel
 
 #endif  // QRLSL_ANALYZER_NOUN_DIVIDER_H_
