@@ -376,6 +376,11 @@ void NounDivider::Deduplicate() {
 double NounDivider::Score(int row) const {
   const DivRow& r = rows[row];
   const int count = r.elementCount < kDivElements ? r.elementCount : kDivElements;
+  int32_t startOf[kDivElements + 1];  // byte where element j starts
+  startOf[0] = 0;
+  for (int j = 0; j < count; ++j) {
+    startOf[j + 1] = startOf[j] + 2 * r.elements[j].length;
+  }
   int64_t code = 0;
   int64_t unit = 1;  // 10^places
   int places = 0;
@@ -385,20 +390,24 @@ double NounDivider::Score(int row) const {
   for (int j = count - 1; j >= 0; --j) {
     const DivElement& e = r.elements[j];
     if (e.length <= 0) continue;
-    if (places == 0 && e.length == 1 && e.letter == 'J') continue;
-    if (e.length == 1 && e.letter == 'X') {
-      if (places > 0 && !tooLong) code += unit / 10;
-    } else if (e.length == 1 && e.letter == 'Y') {
-      ++suffix;
-    } else {
-      if (places >= 9) tooLong = true;
-      if (!tooLong) {
-        code += (e.length + suffix) * unit;
-        unit *= 10;
+    if (e.length == 1) {
+      if (e.letter == 'J' && places == 0) continue;
+      if (e.letter == 'X') {
+        if (places > 0 && !tooLong) code += unit / 10;
+        continue;
       }
-      suffix = 0;
-      pieces[places++] = j;
+      if (e.letter == 'Y') {
+        ++suffix;
+        continue;
+      }
     }
+    if (places >= 9) tooLong = true;
+    if (!tooLong) {
+      code += (e.length + suffix) * unit;
+      unit *= 10;
+    }
+    suffix = 0;
+    pieces[places++] = j;
   }
   if (places == 0) return 0.0;
 
@@ -415,9 +424,8 @@ double NounDivider::Score(int row) const {
 
   const char* w = word.CStr();
   int64_t joint = 0;
-  int32_t at = 0;
   for (int j = 0; j < places - 1 && j < count; ++j) {
-    at += 2 * r.elements[j].length;
+    const int32_t at = startOf[j + 1];
     int32_t freq = 0;
     if (at >= 2 && at + 2 <= wordLength) dictionary->GetDivFreq(w + at - 2, freq, 4);
     joint += freq;
@@ -426,13 +434,11 @@ double NounDivider::Score(int row) const {
 
   double position = 0.0;
   for (int p = places - 1; p >= 0; --p) {
-    const DivElement& e = r.elements[pieces[p]];
-    if (e.length <= 1) continue;
-    int32_t start = 0;
-    for (int j = 0; j < pieces[p]; ++j) start += 2 * r.elements[j].length;
-    if (start + 2 * e.length > wordLength) continue;
+    const int j = pieces[p];
+    const int32_t bytes = 2 * r.elements[j].length;
+    if (bytes <= 2 || startOf[j] + bytes > wordLength) continue;
     PosInfoRec rec;
-    dictionary->GetPosFreq(w + start, rec, 2 * e.length);
+    dictionary->GetPosFreq(w + startOf[j], rec, bytes);
     const int slot = p == places - 1 ? 0 : (p == 0 ? 2 : 1);
     position += rec.counts[slot];
   }
