@@ -125,6 +125,7 @@ void NounDivider::CopyRow(int to, int from, int count) {
 
 double NounDivider::GetPatternScore(int k) const {
   if (k < 0 || k >= kDivRows) return 0.0;
+  if (answerTaken) return takenScores[k];
   const int r = selected[k];
   if (r < 0 || r >= kDivRows) return 0.0;
   return rows[r].score;
@@ -137,6 +138,7 @@ void NounDivider::ClearOutput() {
 const char* NounDivider::Divide(const char* text, int divideMode,
                                 const std::vector<SearchInfo>* startHits) {
   mode = divideMode;
+  answerTaken = false;
   ClearRows();
   ClearOutput();
   if (text == nullptr || text[0] == '\0' || dictionary == nullptr) {

@@ -106,6 +106,18 @@ class NounDivider {
   // Score of the row that gave group k of the last output; 0.0 for none.
   double GetPatternScore(int k) const;
 
+  // ---- One answer kept aside, for a caller that divides a word, then a
+  // shorter form of it, then the word again (all within one eojul) ----
+  // Keeps the last answer (word, mode, pattern, group scores) aside,
+  // replacing one kept before.
+  void KeepAnswer();
+  // If the kept answer is the division of text under divideMode, makes it
+  // the last answer again (output, word, mode, GetPatternScore), as Divide
+  // would have made it, and returns true. The kept answer is used up.
+  bool TakeKeptAnswer(const char* text, int divideMode);
+  // Forgets the kept answer (the caller's next eojul).
+  void DropKeptAnswer() { kept.valid = false; }
+
   // ---- Index words (debugging companion; reports go to the logger) ----
   // Divides word, collects the index words of a stored proper-noun division
   // and logs them. Returns indexWordCount.
@@ -183,6 +195,21 @@ class NounDivider {
     int32_t prevEnd;
     int prevHit;
   };
+
+  // An answer set aside by KeepAnswer.
+  struct KeptAnswer {
+    bool valid = false;
+    int32_t mode = 0;
+    int32_t length = 0;  // bytes of output before its first NUL
+    StringEx word;
+    char output[kDivOutputSize];
+    double scores[kDivRows];  // GetPatternScore of each group
+  };
+  KeptAnswer kept;
+  // True while the last answer came from TakeKeptAnswer: its group scores
+  // are takenScores, not those of the rows.
+  bool answerTaken = false;
+  double takenScores[kDivRows];
 
   // Answers of the dictionary that one Enumerate asks more than once. Each
   // is exact for the word being enumerated and is reset with it.
