@@ -141,8 +141,9 @@ class NounDivider {
                 const SearchInfo* whole = nullptr);
   // Recursive search of divisions into rows; returns rowCount.
   int Walk(int row, int hit, int pos);
-  // Sets element pos of row to letter over `bytes` bytes with its default
-  // weight. Outside 0..19 the row dies.
+  // Sets element pos of row (one of the 20; a dead one is left alone) to
+  // letter over `bytes` bytes with its default weight. A pos outside 0..19
+  // kills the row.
   void AddElement(int row, int pos, int32_t bytes, char letter);
   // Writes the first alternative of a stored division as elements from pos;
   // returns the last position used.
@@ -279,7 +280,7 @@ class NounDivider {
 
 // Inline: the walk adds an element at almost every step.
 inline void NounDivider::AddElement(int row, int pos, int32_t bytes, char letter) {
-  if (row < 0 || row >= kDivRows || IsDead(row)) return;
+  if (IsDead(row)) return;
   if (pos < 0 || pos >= kDivElements) {
     Kill(row);
     return;
