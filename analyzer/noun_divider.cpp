@@ -34,17 +34,6 @@ bool Contains(const char* text, int32_t n, const char* part, int32_t m) {
   return false;
 }
 
-// First bytes of the syllables of the josa list (":" and two bytes each).
-struct JosaLeads {
-  bool lead[256];
-  constexpr JosaLeads() : lead() {
-    for (const char* s = DividerText::kJosaList + 1; *s != '\0'; s += 3) {
-      lead[static_cast<unsigned char>(*s)] = true;
-    }
-  }
-};
-constexpr JosaLeads kJosaLeads;
-
 // Room kept behind the groups for '$' and the NUL.
 constexpr int32_t kOutputLimit = kDivOutputSize - 2;
 // Longest element the pattern string can carry: 36 would read as '$'.
@@ -72,17 +61,8 @@ NounDivider::NounDivider()
 
 void NounDivider::Bind(Dictionary* knowledge) { dictionary = knowledge; }
 
-bool NounDivider::InJosaList(const char* text, int32_t len) {
+bool NounDivider::InJosaListText(const char* text, int32_t len) {
   if (text == nullptr || len <= 0 || len > 8) return false;
-  if (len == 2 && text[0] != ':' && text[1] != ':' && text[0] != '\0' &&
-      text[1] != '\0') {
-    // Two bytes without ':' can only match a whole syllable of the list.
-    if (!kJosaLeads.lead[static_cast<unsigned char>(text[0])]) return false;
-    for (const char* s = DividerText::kJosaList + 1; *s != '\0'; s += 3) {
-      if (s[0] == text[0] && s[1] == text[1]) return true;
-    }
-    return false;
-  }
   char key[9];
   std::memcpy(key, text, static_cast<size_t>(len));
   key[len] = '\0';

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "analyzer/noun_divider_literals.h"
 #include "text/strings.h"
 #include "trie/lookup_records.h"
 
@@ -37,6 +38,31 @@ inline bool IsMarkedLetter(unsigned char c) {
       return false;
   }
 }
+
+// Every two bytes that stand side by side in the josa list, for the search
+// of a two-byte text (a syllable, mostly) in it without a string search.
+struct JosaPairs {
+  static constexpr int kMaxRows = 32;
+  unsigned char rowOf[256];        // 1 + row of a first byte, 0 for none
+  uint32_t seconds[kMaxRows][8];   // per row, the second bytes as bits
+  int rows;
+  constexpr JosaPairs() : rowOf(), seconds(), rows(0) {
+    const char* list = DividerText::kJosaList;
+    for (int i = 0; list[i] != '\0' && list[i + 1] != '\0'; ++i) {
+      const unsigned char a = static_cast<unsigned char>(list[i]);
+      const unsigned char b = static_cast<unsigned char>(list[i + 1]);
+      if (rowOf[a] == 0) rowOf[a] = static_cast<unsigned char>(++rows);
+      seconds[rowOf[a] - 1][b >> 5] |= 1U << (b & 31);
+    }
+  }
+  bool Has(const char* two) const {
+    const unsigned char a = static_cast<unsigned char>(two[0]);
+    const unsigned char b = static_cast<unsigned char>(two[1]);
+    return rowOf[a] != 0 && ((seconds[rowOf[a] - 1][b >> 5] >> (b & 31)) & 1U) != 0;
+  }
+};
+inline constexpr JosaPairs kJosaPairs{};
+static_assert(kJosaPairs.rows <= JosaPairs::kMaxRows, "josa list too varied");
 
 // One piece of a division. length in syllables; 0 ends the used elements,
 // -1 in element 0 marks a dead row. Letters: ' ' noun, 'B' NNB, 'C' one-
@@ -163,7 +189,12 @@ class NounDivider {
   bool IsDead(int row) const { return rows[row].elements[0].length < 0; }
   void Kill(int row) { rows[row].elements[0].length = -1; }
   // True when text (len bytes) is in the josa list.
-  static bool InJosaList(const char* text, int32_t len);
+  static bool InJosaList(const char* text, int32_t len) {
+    if (len == 2 && text != nullptr) return kJosaPairs.Has(text);
+    return InJosaListText(text, len);
+  }
+  // InJosaList by a string search, for any length.
+  static bool InJosaListText(const char* text, int32_t len);
 
   // ---- State, in this order ----
   int32_t patternCount;

@@ -171,6 +171,21 @@ TEST(LengthTableTest, IndexedLookupAnswersAsAScanOfTheTable) {
   }
 }
 
+// The table of adjacent pairs against the string search, for every two
+// bytes (a NUL among them included).
+TEST(JosaListTest, PairTableAnswersAsTheStringSearch) {
+  int found = 0;
+  for (int a = 0; a < 256; ++a) {
+    for (int b = 0; b < 256; ++b) {
+      const char two[2] = {static_cast<char>(a), static_cast<char>(b)};
+      const bool table = NounDivider::InJosaList(two, 2);
+      ASSERT_EQ(NounDivider::InJosaListText(two, 2), table) << a << " " << b;
+      found += table ? 1 : 0;
+    }
+  }
+  EXPECT_GE(found, 15);  // every josa syllable, and the pairs with ':'
+}
+
 // The eight-byte test of high bits against a byte-by-byte count, for every
 // length up to 20 and an ASCII byte (or a trail byte in its range) at each
 // place, alone and in pairs.
