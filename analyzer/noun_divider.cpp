@@ -52,7 +52,8 @@ NounDivider::NounDivider()
       mode(0),
       dictionary(nullptr) {
   word.Reserve(256);
-  seenText.Reserve(kDivOutputSize);
+  seenText[0] = '\0';
+  seenLength = 0;
   hits.reserve(kMaxDivHits + 64);
   for (int k = 0; k < kDivRows; ++k) BlankRow(k);
   ClearRows();
@@ -299,7 +300,7 @@ int32_t NounDivider::ChooseRows() {
       return 1;
     }
     if (rows[best].score < 0.0) {
-      std::memset(output, 0, sizeof(output));
+      std::memset(output, 0, static_cast<size_t>(at));  // zeros from at on
       output[0] = '%';
       return -1;
     }
@@ -321,13 +322,14 @@ void NounDivider::FinishOutput(uint32_t tag, int32_t end) {
     output[0] = '$';
     return;
   }
+  const int32_t written = end;  // output is zero from here on
   if (end > 1 && output[end - 1] == '@') --end;
   // Rebuild the groups: a one-syllable unknown joins the piece before it,
   // and a group met before is dropped with its row. seenText is "@" and each
   // kept group with an '@' behind, so the kept groups joined by '@' (the
   // pattern) are seenText without its first and last byte.
-  seenText.Clear();
-  seenText.Append('@');
+  seenText[0] = '@';
+  seenLength = 1;
   int keptCount = 0;
   int group = 0;
   // One group between two '@', the form seenText keeps; a group is never
@@ -361,8 +363,10 @@ void NounDivider::FinishOutput(uint32_t tag, int32_t end) {
     if (p < end) ++p;  // the '@'
     if (groupLength > 1) {
       groupText[groupLength++] = '@';
-      if (!Contains(seenText.CStr(), seenText.Length(), groupText, groupLength)) {
-        seenText.Append(groupText + 1, groupLength - 1);
+      if (!Contains(seenText, seenLength, groupText, groupLength)) {
+        std::memcpy(seenText + seenLength, groupText + 1,
+                    static_cast<size_t>(groupLength - 1));
+        seenLength += groupLength - 1;
         // Kept rows move down in place: group is never below keptCount.
         if (keptCount < kDivRows) {
           selected[keptCount] = group < kDivRows ? selected[group] : -1;
@@ -375,9 +379,9 @@ void NounDivider::FinishOutput(uint32_t tag, int32_t end) {
   std::memset(selected + keptCount, 0xFF,
               sizeof(int32_t) * static_cast<size_t>(kDivRows - keptCount));
   int32_t at = 1;
-  if (end > 1 && seenText.Length() > 1) {
-    const int32_t patternLength = seenText.Length() - 2;
-    std::memcpy(output + 1, seenText.CStr() + 1, static_cast<size_t>(patternLength));
+  if (end > 1 && seenLength > 1) {
+    const int32_t patternLength = seenLength - 2;
+    std::memcpy(output + 1, seenText + 1, static_cast<size_t>(patternLength));
     at = 1 + patternLength;
   }
   // Three-syllable words of the ending-search modes carry their lengths
@@ -399,8 +403,11 @@ void NounDivider::FinishOutput(uint32_t tag, int32_t end) {
     }
   }
   output[at] = '$';
-  char* rest = output + at + 1;
-  std::memset(rest, 0, strnlen(rest, static_cast<size_t>(kDivOutputSize - at - 1)));
+  // What was written beyond the new end: no byte of a pattern is 0, so this
+  // clears what a search for the first NUL from at + 1 would find.
+  if (written > at + 1) {
+    std::memset(output + at + 1, 0, static_cast<size_t>(written - at - 1));
+  }
 }
 
 }  // namespace Quorel

@@ -212,7 +212,8 @@ class NounDivider {
   StringEx divText;
   // Groups kept by FinishOutput, each between '@'; the pattern is seenText
   // without its outer '@' (the group under test is FinishOutput's own).
-  StringEx seenText;
+  char seenText[kDivOutputSize + 2];
+  int32_t seenLength;
   StringEx word;
   StringEx josaText;
   char output[kDivOutputSize];
