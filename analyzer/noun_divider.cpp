@@ -126,8 +126,14 @@ const char* NounDivider::Divide(const char* text, int divideMode,
     output[0] = '$';
     return output;
   }
-  word = text;
-  wordLength = word.Length();
+  // A word that begins the last enumerated one takes its hits from them.
+  const int32_t length = static_cast<int32_t>(std::strlen(text));
+  const bool stem = hitsComplete && hitsLength == wordLength &&
+                   length < wordLength &&
+                   std::memcmp(word.CStr(), text, static_cast<size_t>(length)) == 0;
+  hitsComplete = false;
+  word.Assign(text, length);
+  wordLength = length;
   // The caller's hits of this word end with the whole word when it is one.
   SearchInfo si;
   bool whole = false;
@@ -167,6 +173,7 @@ const char* NounDivider::Divide(const char* text, int divideMode,
     return output;
   }
 
+  hitsOfLonger = stem;
   const int live = Enumerate(word.CStr(), startHits, &si);
   if (live < 1) {
     ClearOutput();

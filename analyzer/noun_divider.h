@@ -141,8 +141,12 @@ class NounDivider {
   // the last answer again (output, word, mode, GetPatternScore), as Divide
   // would have made it, and returns true. The kept answer is used up.
   bool TakeKeptAnswer(const char* text, int divideMode);
-  // Forgets the kept answer (the caller's next eojul).
-  void DropKeptAnswer() { kept.valid = false; }
+  // Forgets the kept answer and the hits of the last word (the caller's
+  // next eojul).
+  void DropKeptAnswer() {
+    kept.valid = false;
+    hitsComplete = false;
+  }
 
   // ---- Index words (debugging companion; reports go to the logger) ----
   // Divides word, collects the index words of a stored proper-noun division
@@ -243,6 +247,15 @@ class NounDivider {
   // are takenScores, not those of the rows.
   bool answerTaken = false;
   double takenScores[kDivRows];
+
+  // Fills hits with the nouns of 3 bytes or more at each even offset of
+  // word (those at offset 0 from startHits when given), at most kMaxDivHits.
+  void CollectHits(const std::vector<SearchInfo>* startHits);
+  // hits holds every hit of the last enumerated word (none cut), whose
+  // length was hitsLength; Divide of a word that begins it may filter them.
+  bool hitsComplete = false;
+  int32_t hitsLength = 0;
+  bool hitsOfLonger = false;  // set by Divide for its Enumerate
 
   // Answers of the dictionary that one Enumerate asks more than once. Each
   // is exact for the word being enumerated and is reset with it.

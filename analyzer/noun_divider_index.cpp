@@ -25,6 +25,7 @@ int32_t PieceBytes(char c) {
 
 int NounDivider::ExtractIndexWords(const char* text) {
   ClearRows();
+  hitsComplete = false;
   word = text != nullptr ? text : "";
   wordLength = word.Length();
   if (dictionary == nullptr) return indexWordCount;

@@ -31,6 +31,7 @@ bool NounDivider::TakeKeptAnswer(const char* text, int divideMode) {
     return false;
   }
   kept.valid = false;
+  hitsComplete = false;  // hits are those of the word given up
   mode = divideMode;
   word = kept.word;
   wordLength = word.Length();

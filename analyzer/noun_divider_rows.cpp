@@ -84,22 +84,20 @@ int NounDivider::Enumerate(const char* text,
   const char* w = word.CStr();
   wholeWord = whole;
   std::memset(suffixMemo, -1, sizeof(suffixMemo));
-  hits.clear();
-  // Only words of 3 bytes or more are kept, so none starts in the last 2.
-  for (int32_t off = 0; off + 3 <= wordLength; off += 2) {
-    if (off == 0 && startHits != nullptr) {
-      // The nouns of two syllables or more, as the search below keeps them.
-      for (const SearchInfo& h : *startHits) {
-        if ((h.info.bits & Dictionary::kNounOnlyBits) != 0 && h.end >= 3) {
-          hits.push_back(h);
-        }
-      }
-    } else {
-      dictionary->SearchAll(w, hits, wordLength, off, 1, 0, 0, 0);
+  if (hitsOfLonger) {
+    // The hits of a word this one begins: those that end within it are its
+    // own, in the order a search would give them, and were never cut.
+    hitsOfLonger = false;
+    size_t kept = 0;
+    for (size_t i = 0; i < hits.size(); ++i) {
+      if (hits[i].end <= wordLength) hits[kept++] = hits[i];
     }
-    if (hits.size() >= static_cast<size_t>(kMaxDivHits)) break;
+    hits.resize(kept);
+  } else {
+    CollectHits(startHits);
   }
-  if (hits.size() > static_cast<size_t>(kMaxDivHits)) hits.resize(kMaxDivHits);
+  hitsComplete = hits.size() < static_cast<size_t>(kMaxDivHits);
+  hitsLength = wordLength;
   const int32_t units = wordLength / 2 + AsciiUnits(w, wordLength);
 
   rowCount = 1;
@@ -128,6 +126,26 @@ int NounDivider::Enumerate(const char* text,
   }
   wholeWord = nullptr;
   return live;
+}
+
+void NounDivider::CollectHits(const std::vector<SearchInfo>* startHits) {
+  const char* w = word.CStr();
+  hits.clear();
+  // Only words of 3 bytes or more are kept, so none starts in the last 2.
+  for (int32_t off = 0; off + 3 <= wordLength; off += 2) {
+    if (off == 0 && startHits != nullptr) {
+      // The nouns of two syllables or more, as the search below keeps them.
+      for (const SearchInfo& h : *startHits) {
+        if ((h.info.bits & Dictionary::kNounOnlyBits) != 0 && h.end >= 3) {
+          hits.push_back(h);
+        }
+      }
+    } else {
+      dictionary->SearchAll(w, hits, wordLength, off, 1, 0, 0, 0);
+    }
+    if (hits.size() >= static_cast<size_t>(kMaxDivHits)) break;
+  }
+  if (hits.size() > static_cast<size_t>(kMaxDivHits)) hits.resize(kMaxDivHits);
 }
 
 bool NounDivider::SuffixAt(int32_t at) {

@@ -80,6 +80,43 @@ TEST_F(StartHitsTest, HitsBeyondTheSearchLimitAreCutAlike) {
   }
 }
 
+// A word that begins the word divided before it takes its hits from that
+// word's: the same hits, rows and answer as when searched afresh.
+TEST_F(StartHitsTest, AShorterWordAfterALongerOneAnswersAlike) {
+  struct Case {
+    const char* longer;
+    const char* shorter;
+  };
+  std::string run;
+  for (int i = 0; i < 50; ++i) run += "국가경제";  // more hits than kept
+  const Case kCases[] = {
+      {"국가경제정책에", "국가경제정책"}, {"국가경제정책에", "국가경"},
+      {"국가경제를", "국가경제"},         {"신한국인들", "신한국인"},
+      {"국가뷁정책", "국가뷁"},           {"경기관광공사", "경기관광"},
+      {"국가경제정책들", "국"},           {run.c_str(), "국가경제국가경제"},
+  };
+  NounDivider fresh;
+  fresh.Bind(&knowledge->dictionary);
+  for (const Case& c : kCases) {
+    const std::string longer = Cp949(c.longer);
+    const std::string shorter = Cp949(c.shorter);
+    for (int mode : {0, 2}) {
+      divider.Divide(longer.c_str(), mode);
+      const Answer after = Divide(divider, shorter, mode, nullptr);
+      const Answer own = Divide(fresh, shorter, mode, nullptr);
+      EXPECT_EQ(own.pattern, after.pattern) << c.shorter;
+      EXPECT_EQ(own.rowCount, after.rowCount) << c.shorter;
+      EXPECT_EQ(own.scores, after.scores) << c.shorter;
+      ASSERT_EQ(fresh.hits.size(), divider.hits.size()) << c.shorter;
+      for (size_t i = 0; i < fresh.hits.size(); ++i) {
+        EXPECT_EQ(fresh.hits[i].start, divider.hits[i].start) << c.shorter;
+        EXPECT_EQ(fresh.hits[i].end, divider.hits[i].end) << c.shorter;
+        EXPECT_EQ(fresh.hits[i].info.bits, divider.hits[i].info.bits);
+      }
+    }
+  }
+}
+
 // Enumerate given the word's own record (as Divide gives it) weighs a piece
 // over the whole word as a lookup of its own would.
 TEST_F(StartHitsTest, TheWholeWordRecordChangesNoRow) {
