@@ -152,7 +152,7 @@ const char* NounDivider::Divide(const char* text, int divideMode,
       const char josa[] = {1, 'J', 2};
       std::memcpy(output, josa, sizeof(josa));
     } else {
-      DivideTwoSyllables();
+      DivideTwoSyllables(startHits);
     }
     FinishOutput(tag, static_cast<int32_t>(std::strlen(output)));
     return output;
@@ -186,12 +186,15 @@ const char* NounDivider::Divide(const char* text, int divideMode,
   return output;
 }
 
-void NounDivider::DivideTwoSyllables() {
+void NounDivider::DivideTwoSyllables(
+    const std::vector<SearchInfo>* startHits) {
   const char* w = word.CStr();
   const char* second = w + 2;
-  SearchInfo first;
-  const uint32_t firstBits =
-      dictionary->SearchMain(w, first, 2) != 0 ? first.info.bits : 0;
+  SearchInfo looked;
+  if (startHits == nullptr) dictionary->SearchMain(w, looked, 2);
+  const SearchInfo& first =
+      startHits != nullptr ? HeadRecord(*startHits, 2) : looked;
+  const uint32_t firstBits = first.info.bits;  // 0 on a miss
   const int attr = Attribute(first);
   const char* answer = nullptr;
   static const char kPluralPronoun[] = {1, 'P', 1, 'Y', 1, 0};

@@ -169,6 +169,10 @@ class NounDivider {
   int Enumerate(const char* text,
                 const std::vector<SearchInfo>* startHits = nullptr,
                 const SearchInfo* whole = nullptr);
+  // SearchMain's record of the first `bytes` bytes of the word, read from
+  // the caller's search of every word at its start (increasing end).
+  static const SearchInfo& HeadRecord(const std::vector<SearchInfo>& startHits,
+                                      int32_t bytes);
   // Recursive search of divisions into rows; returns rowCount.
   int Walk(int row, int hit, int pos);
   // Sets element pos of row (one of the 20; a dead one is left alone) to
@@ -264,6 +268,8 @@ class NounDivider {
   bool SuffixAt(int32_t at);
   int8_t suffixMemo[kSuffixMemoBytes];  // -1 not asked yet, else the answer
   const SearchInfo* wholeWord = nullptr;  // the record of the whole word
+  // The caller's words at the start of the word, while Enumerate runs.
+  const std::vector<SearchInfo>* headHits = nullptr;
   SearchInfo pieceRecord;  // WeighElement's lookup of a piece no hit gave
 
   // Per-word reset of selections and counters; no row is open after it.
@@ -317,8 +323,9 @@ class NounDivider {
   bool WriteRow(int k, int32_t& at);
   // Writes a stored division text as the output (proper or user noun).
   void CopyStoredDivision(const char* text, bool userNoun);
-  // The special answers for a word of two syllables that is no noun.
-  void DivideTwoSyllables();
+  // The special answers for a word of two syllables that is no noun;
+  // startHits as for Divide.
+  void DivideTwoSyllables(const std::vector<SearchInfo>* startHits);
   // Adds 1 / ((n-1)*2) to the score of a row without marked letters.
   void AddPlainBonus(int k);
 };

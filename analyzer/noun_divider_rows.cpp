@@ -83,6 +83,7 @@ int NounDivider::Enumerate(const char* text,
   wordLength = word.Length();
   const char* w = word.CStr();
   wholeWord = whole;
+  headHits = startHits;
   std::memset(suffixMemo, -1, sizeof(suffixMemo));
   if (hitsOfLonger) {
     // The hits of a word this one begins: those that end within it are its
@@ -125,6 +126,7 @@ int NounDivider::Enumerate(const char* text,
     ++live;
   }
   wholeWord = nullptr;
+  headHits = nullptr;
   return live;
 }
 
@@ -146,6 +148,18 @@ void NounDivider::CollectHits(const std::vector<SearchInfo>* startHits) {
     if (hits.size() >= static_cast<size_t>(kMaxDivHits)) break;
   }
   if (hits.size() > static_cast<size_t>(kMaxDivHits)) hits.resize(kMaxDivHits);
+}
+
+const SearchInfo& NounDivider::HeadRecord(
+    const std::vector<SearchInfo>& startHits, int32_t bytes) {
+  // What SearchMain leaves of a miss: every field zero.
+  static constexpr SearchInfo kMiss{0, 0, {0, 0, 0, 0, 0, 0},
+                                    nullptr, nullptr, nullptr, nullptr};
+  for (const SearchInfo& h : startHits) {
+    if (h.end == bytes) return h;
+    if (h.end > bytes) break;  // in increasing end
+  }
+  return kMiss;
 }
 
 bool NounDivider::SuffixAt(int32_t at) {
@@ -217,6 +231,8 @@ void NounDivider::WeighElement(int k, int j, int32_t at, bool uCopy[kDivRows],
   if (record == nullptr) {
     if (at == 0 && bytes == wordLength && wholeWord != nullptr) {
       record = wholeWord;
+    } else if (at == 0 && headHits != nullptr) {
+      record = &HeadRecord(*headHits, bytes);
     } else {
       dictionary->SearchMain(w + at, pieceRecord, bytes);
       record = &pieceRecord;

@@ -80,6 +80,31 @@ TEST_F(StartHitsTest, HitsBeyondTheSearchLimitAreCutAlike) {
   }
 }
 
+// The caller's search of the words at the start answers each head of the
+// word as SearchMain does, a miss as its blank record.
+TEST_F(StartHitsTest, HeadRecordsAnswerAsSearchMain) {
+  int found = 0;
+  for (const char* utf8 : {"국가경제정책", "신한국인들", "그들", "책학교", "뷁국가"}) {
+    const std::string word = Cp949(utf8);
+    std::vector<SearchInfo> startHits;
+    knowledge->dictionary.SearchAll(word.c_str(), startHits, 0, 0, 0, 1, 0, 0);
+    for (int32_t bytes = 1; bytes <= static_cast<int32_t>(word.size()); ++bytes) {
+      SearchInfo looked;
+      found += knowledge->dictionary.SearchMain(word.c_str(), looked, bytes);
+      const SearchInfo& head = NounDivider::HeadRecord(startHits, bytes);
+      EXPECT_EQ(looked.start, head.start) << utf8 << " " << bytes;
+      EXPECT_EQ(looked.end, head.end) << utf8 << " " << bytes;
+      EXPECT_EQ(looked.info.bits, head.info.bits) << utf8 << " " << bytes;
+      EXPECT_EQ(looked.info.marks, head.info.marks) << utf8 << " " << bytes;
+      EXPECT_EQ(looked.nnbText, head.nnbText) << utf8 << " " << bytes;
+      EXPECT_EQ(looked.nnpText, head.nnpText) << utf8 << " " << bytes;
+      EXPECT_EQ(looked.nnuText, head.nnuText) << utf8 << " " << bytes;
+      EXPECT_EQ(looked.nuText, head.nuText) << utf8 << " " << bytes;
+    }
+  }
+  EXPECT_GE(found, 4);  // hits and misses were both compared
+}
+
 // A word that begins the word divided before it takes its hits from that
 // word's: the same hits, rows and answer as when searched afresh.
 TEST_F(StartHitsTest, AShorterWordAfterALongerOneAnswersAlike) {
