@@ -266,6 +266,8 @@ class NounDivider {
   static constexpr int32_t kSuffixMemoBytes = 64;
   // IsXSN of the two bytes at `at`, asked of the dictionary once per word.
   bool SuffixAt(int32_t at);
+  // SuffixAt's question to the dictionary, noted in the memo.
+  bool AskSuffix(int32_t at);
   int8_t suffixMemo[kSuffixMemoBytes];  // -1 not asked yet, else the answer
   const SearchInfo* wholeWord = nullptr;  // the record of the whole word
   // The caller's words at the start of the word, while Enumerate runs.
@@ -370,6 +372,39 @@ inline void NounDivider::AddElement(int row, int pos, int32_t bytes, char letter
       break;
   }
   rows[row].elements[pos] = DivElement{b / 2, weight, letter};
+}
+
+// Small steps of the walk and the weighing, inline for their many calls.
+inline char NounDivider::LetterAt(int row, int i) const {
+  if (i < 0 || i >= kDivElements) return 0;
+  return rows[row].elements[i].letter;
+}
+
+inline const SearchInfo* NounDivider::FindHit(int32_t start, int32_t end) const {
+  for (const SearchInfo& h : hits) {
+    if (h.start == start && h.end == end) return &h;
+  }
+  return nullptr;
+}
+
+inline bool NounDivider::HasHit(int32_t start, int32_t end) const {
+  return FindHit(start, end) != nullptr;
+}
+
+inline int NounDivider::CloseRow(int row, int pos) {
+  if (pos > kDivElements) {
+    Kill(row);
+  } else {
+    rows[row].elementCount = pos;
+  }
+  return rowCount;
+}
+
+inline bool NounDivider::SuffixAt(int32_t at) {
+  if (at >= 0 && at < kSuffixMemoBytes && suffixMemo[at] >= 0) {
+    return suffixMemo[at] != 0;
+  }
+  return AskSuffix(at);
 }
 
 }  // namespace Quorel

@@ -150,6 +150,12 @@ void NounDivider::CollectHits(const std::vector<SearchInfo>* startHits) {
   if (hits.size() > static_cast<size_t>(kMaxDivHits)) hits.resize(kMaxDivHits);
 }
 
+bool NounDivider::AskSuffix(int32_t at) {
+  const bool suffix = dictionary->IsXSN(word.CStr() + at, 2) != 0;
+  if (at >= 0 && at < kSuffixMemoBytes) suffixMemo[at] = suffix ? 1 : 0;
+  return suffix;
+}
+
 const SearchInfo& NounDivider::HeadRecord(
     const std::vector<SearchInfo>& startHits, int32_t bytes) {
   // What SearchMain leaves of a miss: every field zero.
@@ -160,16 +166,6 @@ const SearchInfo& NounDivider::HeadRecord(
     if (h.end > bytes) break;  // in increasing end
   }
   return kMiss;
-}
-
-bool NounDivider::SuffixAt(int32_t at) {
-  if (at < 0 || at >= kSuffixMemoBytes) {
-    return dictionary->IsXSN(word.CStr() + at, 2) != 0;
-  }
-  if (suffixMemo[at] < 0) {
-    suffixMemo[at] = dictionary->IsXSN(word.CStr() + at, 2) != 0 ? 1 : 0;
-  }
-  return suffixMemo[at] != 0;
 }
 
 double NounDivider::WeighRow(int k, bool uCopy[kDivRows]) {

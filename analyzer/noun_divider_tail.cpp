@@ -29,7 +29,7 @@ int NounDivider::WalkTail(int row, int pos, const TailSpan& span) {
     if (wordLength < 11 && pos >= 1 && l1 != 'Y' && l1 != 'C' &&
         (pos < 2 || l2 != 'Y')) {
       AddElement(row, pos, 2, 'Y');
-      rows[row].elements[pos].weight += 1;
+      if (pos < kDivElements) rows[row].elements[pos].weight += 1;
       return CloseRow(row, pos + 1);
     }
     if (pos >= 2 && l1 == 'Y' && (l2 == ' ' || l2 == 'N') &&
@@ -59,7 +59,7 @@ int NounDivider::WalkTail(int row, int pos, const TailSpan& span) {
   if ((mode < 2 || mode > 4) && rest == 4 &&
       (Same(r, DividerText::kButeo, 4) || Same(r, DividerText::kKkaji, 4))) {
     AddElement(row, pos, 4, 'J');
-    rows[row].elements[pos].weight *= 2;
+    if (pos < kDivElements) rows[row].elements[pos].weight *= 2;
     return CloseRow(row, pos + 1);
   }
   return CloseUnknownTail(row, pos, span);
@@ -76,7 +76,7 @@ int NounDivider::TailSecondSuffix(int row, int pos) {
   const char* w = word.CStr();
   const char* last = w + wordLength - 2;
   AddElement(row, pos, 2, 'Y');
-  rows[row].elements[pos].weight -= 1;
+  if (pos < kDivElements) rows[row].elements[pos].weight -= 1;
   if (dictionary->IsXSNXSN(w + wordLength - 4, 4) == 0) {
     rows[row].elements[pos - 1].weight -= 5;
   }
@@ -142,7 +142,7 @@ int NounDivider::TailFourBytes(int row, int pos, const TailSpan& span) {
   }
   if (Same(r, DividerText::kButeo, 4) || Same(r, DividerText::kKkaji, 4)) {
     AddElement(row, pos, 4, 'J');
-    rows[row].elements[pos].weight *= 2;
+    if (pos < kDivElements) rows[row].elements[pos].weight *= 2;
     return CloseRow(row, pos + 1);
   }
   AddElement(row, pos + 1, 2, 'U');
@@ -180,7 +180,7 @@ int NounDivider::TailJosa(int row, int pos, const TailSpan& span) {
     if (josa < 0) return rowCount;
     if (josa == 1) {
       AddElement(row, pos, rest, 'J');
-      rows[row].elements[pos].weight += 3;
+      if (pos < kDivElements) rows[row].elements[pos].weight += 3;
       return CloseRow(row, pos + 1);
     }
   }

@@ -60,11 +60,6 @@ bool ReadStoredPiece(const char* text, int32_t& i, int32_t& length,
   return length > 0;
 }
 
-char NounDivider::LetterAt(int row, int i) const {
-  if (i < 0 || i >= kDivElements) return 0;
-  return rows[row].elements[i].letter;
-}
-
 void NounDivider::PrevSpan(int row, int pos, TailSpan& span) const {
   span.prevHit = -1;
   if (pos > 0 && pos <= kDivElements) {
@@ -84,17 +79,6 @@ void NounDivider::PrevSpan(int row, int pos, TailSpan& span) const {
   }
   span.prevStart = covered;
   span.prevEnd = covered;
-}
-
-const SearchInfo* NounDivider::FindHit(int32_t start, int32_t end) const {
-  for (const SearchInfo& h : hits) {
-    if (h.start == start && h.end == end) return &h;
-  }
-  return nullptr;
-}
-
-bool NounDivider::HasHit(int32_t start, int32_t end) const {
-  return FindHit(start, end) != nullptr;
 }
 
 bool NounDivider::LongerHitToEnd(int prevHit) const {
@@ -120,15 +104,6 @@ int NounDivider::JosaBehind(int32_t at, int32_t len, uint16_t& attach) const {
   attach = reading.attach;
   if (reading.text == nullptr || (reading.bits & Pos::J_) == 0) return 0;
   return Dictionary::CheckAttach(*before, reading) != 0 ? 1 : 0;
-}
-
-int NounDivider::CloseRow(int row, int pos) {
-  if (pos > kDivElements) {
-    Kill(row);
-  } else {
-    rows[row].elementCount = pos;
-  }
-  return rowCount;
 }
 
 int NounDivider::RejectRow(int row, int pos) {
