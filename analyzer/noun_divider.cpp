@@ -82,19 +82,6 @@ void NounDivider::ClearRows() {
   splitFlag = 0;
 }
 
-void NounDivider::BlankRow(int r) {
-  std::memset(&rows[r], 0, sizeof(DivRow));
-  std::memset(rows[r].hitIndex, kNoHit, sizeof(rows[r].hitIndex));
-  weightSum[r] = 0.0;
-}
-
-int NounDivider::NewRow() {
-  if (rowCount >= kDivRows) return -1;
-  const int r = rowCount++;
-  BlankRow(r);
-  return r;
-}
-
 void NounDivider::CopyRow(int to, int from, int count) {
   if (count > kDivElements) count = kDivElements;
   for (int j = 0; j < count; ++j) {

@@ -9,6 +9,7 @@
 #define QRLSL_ANALYZER_NOUN_DIVIDER_H_
 
 #include <cstdint>
+#include <cstring>
 #include <vector>
 
 #include "analyzer/noun_divider_literals.h"
@@ -405,6 +406,19 @@ inline bool NounDivider::SuffixAt(int32_t at) {
     return suffixMemo[at] != 0;
   }
   return AskSuffix(at);
+}
+
+inline void NounDivider::BlankRow(int r) {
+  std::memset(&rows[r], 0, sizeof(DivRow));
+  std::memset(rows[r].hitIndex, kNoHit, sizeof(rows[r].hitIndex));
+  weightSum[r] = 0.0;
+}
+
+inline int NounDivider::NewRow() {
+  if (rowCount >= kDivRows) return -1;
+  const int r = rowCount++;
+  BlankRow(r);
+  return r;
 }
 
 }  // namespace Quorel

@@ -60,7 +60,7 @@ bool ReadStoredPiece(const char* text, int32_t& i, int32_t& length,
   return length > 0;
 }
 
-void NounDivider::PrevSpan(int row, int pos, TailSpan& span) const {
+inline void NounDivider::PrevSpan(int row, int pos, TailSpan& span) const {
   span.prevHit = -1;
   if (pos > 0 && pos <= kDivElements) {
     const unsigned char h = rows[row].hitIndex[pos - 1];
