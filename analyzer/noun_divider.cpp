@@ -315,7 +315,7 @@ int32_t NounDivider::ChooseRows() {
 
 void NounDivider::FinishOutput(uint32_t tag, int32_t end) {
   if (end <= 0) {
-    std::memset(output, 0, sizeof(output));
+    ClearOutput();  // the whole output, as zeros follow its string
     output[0] = '$';
     return;
   }

@@ -271,6 +271,10 @@ class NounDivider {
   bool AskSuffix(int32_t at);
   int8_t suffixMemo[kSuffixMemoBytes];  // -1 not asked yet, else the answer
   const SearchInfo* wholeWord = nullptr;  // the record of the whole word
+  // JosaBehind of the word's last syllable and its attach mask.
+  static constexpr int8_t kNotAsked = -2;
+  int8_t lastJosa = kNotAsked;
+  uint16_t lastJosaAttach = 0;
   // The caller's words at the start of the word, while Enumerate runs.
   const std::vector<SearchInfo>* headHits = nullptr;
   SearchInfo pieceRecord;  // WeighElement's lookup of a piece no hit gave
@@ -314,9 +318,12 @@ class NounDivider {
   // The josa reading of the len bytes at word+at behind the syllable before
   // them: 1 when it has a josa bit and may attach, 0 when not, -1 when no
   // syllable stands before. attach gets the reading's mask.
-  int JosaBehind(int32_t at, int32_t len, uint16_t& attach) const;
-  // Weighs the elements of row k; returns the weight sum.
-  double WeighRow(int k, bool uCopy[kDivRows]);
+  int JosaBehind(int32_t at, int32_t len, uint16_t& attach);
+  // JosaBehind asked of the dictionary.
+  int AskJosaBehind(int32_t at, int32_t len, uint16_t& attach) const;
+  // Weighs the elements of row k; returns the weight sum. covered gets the
+  // syllables its elements cover (0 when the row died).
+  double WeighRow(int k, bool uCopy[kDivRows], int32_t& covered);
   // The rules of one looked-up element j at byte offset `at` of row k.
   void WeighElement(int k, int j, int32_t at, bool uCopy[kDivRows],
                     double& sum);

@@ -85,6 +85,7 @@ int NounDivider::Enumerate(const char* text,
   wholeWord = whole;
   headHits = startHits;
   std::memset(suffixMemo, -1, sizeof(suffixMemo));
+  lastJosa = kNotAsked;
   if (hitsOfLonger) {
     // The hits of a word this one begins: those that end within it are its
     // own, in the order a search would give them, and were never cut.
@@ -111,11 +112,8 @@ int NounDivider::Enumerate(const char* text,
   bool uCopy[kDivRows] = {};
   for (int k = 0; k < rowCount; ++k) {
     if (IsDead(k)) continue;
-    weightSum[k] = WeighRow(k, uCopy);
     int32_t covered = 0;
-    for (int j = 0; j < kDivElements && rows[k].elements[j].length > 0; ++j) {
-      covered += rows[k].elements[j].length;
-    }
+    weightSum[k] = WeighRow(k, uCopy, covered);
     if (covered != units) Kill(k);
   }
   Deduplicate();
@@ -168,7 +166,7 @@ const SearchInfo& NounDivider::HeadRecord(
   return kMiss;
 }
 
-double NounDivider::WeighRow(int k, bool uCopy[kDivRows]) {
+double NounDivider::WeighRow(int k, bool uCopy[kDivRows], int32_t& covered) {
   DivRow& r = rows[k];
   const char* w = word.CStr();
   double sum = 0.0;
@@ -207,6 +205,10 @@ double NounDivider::WeighRow(int k, bool uCopy[kDivRows]) {
     ++count;
   }
   r.elementCount = count;
+  // The syllables of the elements weighed, which are those up to the first
+  // empty one (a merged josa empties the one it took); a dead row covers
+  // nothing.
+  covered = IsDead(k) ? 0 : at / 2;
   return sum;
 }
 

@@ -91,7 +91,23 @@ bool NounDivider::LongerHitToEnd(int prevHit) const {
   return false;
 }
 
-int NounDivider::JosaBehind(int32_t at, int32_t len, uint16_t& attach) const {
+int NounDivider::JosaBehind(int32_t at, int32_t len, uint16_t& attach) {
+  // The last syllable is the one most asked about, once per row that ends
+  // in it; its answer is kept for the word.
+  const bool lastSyllable = len == 2 && at == wordLength - 2;
+  if (lastSyllable && lastJosa != kNotAsked) {
+    attach = lastJosaAttach;
+    return lastJosa;
+  }
+  const int answer = AskJosaBehind(at, len, attach);
+  if (lastSyllable) {
+    lastJosa = static_cast<int8_t>(answer);
+    lastJosaAttach = attach;
+  }
+  return answer;
+}
+
+int NounDivider::AskJosaBehind(int32_t at, int32_t len, uint16_t& attach) const {
   attach = 0;
   if (at < 2 || len <= 0 || at + len > wordLength) return -1;
   const char* w = word.CStr();
