@@ -144,6 +144,23 @@ const char* MAnalyzer::DivideNoun(const char* text, int mode) {
       compoundAnalyzer.word == text) {
     return compoundAnalyzer.output;
   }
+  // Within one eojul a word is often divided, then its stem without the
+  // ending, then the word again: the divider keeps the word's answer aside
+  // across the stem. divisionKept is false at the first division of an
+  // eojul, so nothing kept crosses into another.
+  if (!divisionKept) {
+    compoundAnalyzer.DropKeptAnswer();
+  } else if (text != nullptr) {
+    if (compoundAnalyzer.TakeKeptAnswer(text, mode)) {
+      return compoundAnalyzer.output;
+    }
+    const StringEx& last = compoundAnalyzer.word;
+    const size_t n = std::strlen(text);
+    if (n < static_cast<size_t>(last.Length()) &&
+        std::memcmp(last.CStr(), text, n) == 0) {
+      compoundAnalyzer.KeepAnswer();
+    }
+  }
   // The divider keeps the word only when it divided one.
   divisionKept = text != nullptr && text[0] != '\0' && Knowledge() != nullptr;
   const bool searched = text != nullptr && wordHitsText == text;

@@ -34,17 +34,6 @@ bool Contains(const char* text, int32_t n, const char* part, int32_t m) {
   return false;
 }
 
-// First bytes of the syllables of the josa list (":" and two bytes each).
-struct JosaLeads {
-  bool lead[256];
-  constexpr JosaLeads() : lead() {
-    for (const char* s = DividerText::kJosaList + 1; *s != '\0'; s += 3) {
-      lead[static_cast<unsigned char>(*s)] = true;
-    }
-  }
-};
-constexpr JosaLeads kJosaLeads;
-
 // Room kept behind the groups for '$' and the NUL.
 constexpr int32_t kOutputLimit = kDivOutputSize - 2;
 // Longest element the pattern string can carry: 36 would read as '$'.
@@ -63,26 +52,18 @@ NounDivider::NounDivider()
       mode(0),
       dictionary(nullptr) {
   word.Reserve(256);
-  seenText.Reserve(kDivOutputSize);
+  seenText[0] = '\0';
+  seenLength = 0;
   hits.reserve(kMaxDivHits + 64);
-  rowCount = kDivRows;  // every row, the first time
+  for (int k = 0; k < kDivRows; ++k) BlankRow(k);
   ClearRows();
   std::memset(output, 0, sizeof(output));
 }
 
 void NounDivider::Bind(Dictionary* knowledge) { dictionary = knowledge; }
 
-bool NounDivider::InJosaList(const char* text, int32_t len) {
+bool NounDivider::InJosaListText(const char* text, int32_t len) {
   if (text == nullptr || len <= 0 || len > 8) return false;
-  if (len == 2 && text[0] != ':' && text[1] != ':' && text[0] != '\0' &&
-      text[1] != '\0') {
-    // Two bytes without ':' can only match a whole syllable of the list.
-    if (!kJosaLeads.lead[static_cast<unsigned char>(text[0])]) return false;
-    for (const char* s = DividerText::kJosaList + 1; *s != '\0'; s += 3) {
-      if (s[0] == text[0] && s[1] == text[1]) return true;
-    }
-    return false;
-  }
   char key[9];
   std::memcpy(key, text, static_cast<size_t>(len));
   key[len] = '\0';
@@ -91,30 +72,14 @@ bool NounDivider::InJosaList(const char* text, int32_t len) {
 }
 
 void NounDivider::ClearRows() {
-  // Rows and weights from rowCount on are blank: every row is opened blank
-  // (row 0 by the clear before the walk sets rowCount to 1, the others by
-  // NewRow), so only the rows opened since the last clear need it.
-  const int used = rowCount < 0 ? 0 : (rowCount > kDivRows ? kDivRows : rowCount);
-  std::memset(rows, 0, sizeof(DivRow) * static_cast<size_t>(used));
-  for (int k = 0; k < used; ++k) {
-    std::memset(rows[k].hitIndex, kNoHit, sizeof(rows[k].hitIndex));
-  }
-  std::memset(weightSum, 0, sizeof(double) * static_cast<size_t>(used));
+  // Rows from rowCount on may hold an earlier word's leftovers: each row is
+  // blanked as it opens (BlankRow), and nothing reads past rowCount.
   std::memset(selected, 0xFF, sizeof(selected));  // -1 is all one bytes
   indexWordCount = 0;
   inSpan = 0;
   rowCount = 0;
   lastSpan = 0;
   splitFlag = 0;
-}
-
-int NounDivider::NewRow() {
-  if (rowCount >= kDivRows) return -1;
-  const int r = rowCount++;
-  std::memset(&rows[r], 0, sizeof(DivRow));
-  std::memset(rows[r].hitIndex, kNoHit, sizeof(rows[r].hitIndex));
-  weightSum[r] = 0.0;
-  return r;
 }
 
 void NounDivider::CopyRow(int to, int from, int count) {
@@ -128,6 +93,7 @@ void NounDivider::CopyRow(int to, int from, int count) {
 
 double NounDivider::GetPatternScore(int k) const {
   if (k < 0 || k >= kDivRows) return 0.0;
+  if (answerTaken) return takenScores[k];
   const int r = selected[k];
   if (r < 0 || r >= kDivRows) return 0.0;
   return rows[r].score;
@@ -140,14 +106,21 @@ void NounDivider::ClearOutput() {
 const char* NounDivider::Divide(const char* text, int divideMode,
                                 const std::vector<SearchInfo>* startHits) {
   mode = divideMode;
+  answerTaken = false;
   ClearRows();
   ClearOutput();
   if (text == nullptr || text[0] == '\0' || dictionary == nullptr) {
     output[0] = '$';
     return output;
   }
-  word = text;
-  wordLength = word.Length();
+  // A word that begins the last enumerated one takes its hits from them.
+  const int32_t length = static_cast<int32_t>(std::strlen(text));
+  const bool stem = hitsComplete && hitsLength == wordLength &&
+                   length < wordLength &&
+                   std::memcmp(word.CStr(), text, static_cast<size_t>(length)) == 0;
+  hitsComplete = false;
+  word.Assign(text, length);
+  wordLength = length;
   // The caller's hits of this word end with the whole word when it is one.
   SearchInfo si;
   bool whole = false;
@@ -166,7 +139,7 @@ const char* NounDivider::Divide(const char* text, int divideMode,
       const char josa[] = {1, 'J', 2};
       std::memcpy(output, josa, sizeof(josa));
     } else {
-      DivideTwoSyllables();
+      DivideTwoSyllables(startHits);
     }
     FinishOutput(tag, static_cast<int32_t>(std::strlen(output)));
     return output;
@@ -187,7 +160,8 @@ const char* NounDivider::Divide(const char* text, int divideMode,
     return output;
   }
 
-  const int live = Enumerate(word.CStr(), startHits);
+  hitsOfLonger = stem;
+  const int live = Enumerate(word.CStr(), startHits, &si);
   if (live < 1) {
     ClearOutput();
     output[0] = '$';
@@ -199,12 +173,15 @@ const char* NounDivider::Divide(const char* text, int divideMode,
   return output;
 }
 
-void NounDivider::DivideTwoSyllables() {
+void NounDivider::DivideTwoSyllables(
+    const std::vector<SearchInfo>* startHits) {
   const char* w = word.CStr();
   const char* second = w + 2;
-  SearchInfo first;
-  const uint32_t firstBits =
-      dictionary->SearchMain(w, first, 2) != 0 ? first.info.bits : 0;
+  SearchInfo looked;
+  if (startHits == nullptr) dictionary->SearchMain(w, looked, 2);
+  const SearchInfo& first =
+      startHits != nullptr ? HeadRecord(*startHits, 2) : looked;
+  const uint32_t firstBits = first.info.bits;  // 0 on a miss
   const int attr = Attribute(first);
   const char* answer = nullptr;
   static const char kPluralPronoun[] = {1, 'P', 1, 'Y', 1, 0};
@@ -305,7 +282,8 @@ int32_t NounDivider::ChooseRows() {
   int best = -1;
   int groups = 0;
   int32_t at = 1;
-  for (int k = 0; k < kDivRows && rows[k].elements[0].length != 0; ++k) {
+  // The open rows up to the first empty one.
+  for (int k = 0; k < rowCount && rows[k].elements[0].length != 0; ++k) {
     if (IsDead(k)) continue;
     if (best < 0 || rows[k].score > rows[best].score) best = k;
     if (mode != 1 && rows[k].score >= 0.8 && WriteRow(k, at)) {
@@ -319,7 +297,7 @@ int32_t NounDivider::ChooseRows() {
       return 1;
     }
     if (rows[best].score < 0.0) {
-      std::memset(output, 0, sizeof(output));
+      std::memset(output, 0, static_cast<size_t>(at));  // zeros from at on
       output[0] = '%';
       return -1;
     }
@@ -337,17 +315,18 @@ int32_t NounDivider::ChooseRows() {
 
 void NounDivider::FinishOutput(uint32_t tag, int32_t end) {
   if (end <= 0) {
-    std::memset(output, 0, sizeof(output));
+    ClearOutput();  // the whole output, as zeros follow its string
     output[0] = '$';
     return;
   }
+  const int32_t written = end;  // output is zero from here on
   if (end > 1 && output[end - 1] == '@') --end;
   // Rebuild the groups: a one-syllable unknown joins the piece before it,
   // and a group met before is dropped with its row. seenText is "@" and each
   // kept group with an '@' behind, so the kept groups joined by '@' (the
   // pattern) are seenText without its first and last byte.
-  seenText.Clear();
-  seenText.Append('@');
+  seenText[0] = '@';
+  seenLength = 1;
   int keptCount = 0;
   int group = 0;
   // One group between two '@', the form seenText keeps; a group is never
@@ -381,8 +360,10 @@ void NounDivider::FinishOutput(uint32_t tag, int32_t end) {
     if (p < end) ++p;  // the '@'
     if (groupLength > 1) {
       groupText[groupLength++] = '@';
-      if (!Contains(seenText.CStr(), seenText.Length(), groupText, groupLength)) {
-        seenText.Append(groupText + 1, groupLength - 1);
+      if (!Contains(seenText, seenLength, groupText, groupLength)) {
+        std::memcpy(seenText + seenLength, groupText + 1,
+                    static_cast<size_t>(groupLength - 1));
+        seenLength += groupLength - 1;
         // Kept rows move down in place: group is never below keptCount.
         if (keptCount < kDivRows) {
           selected[keptCount] = group < kDivRows ? selected[group] : -1;
@@ -395,9 +376,9 @@ void NounDivider::FinishOutput(uint32_t tag, int32_t end) {
   std::memset(selected + keptCount, 0xFF,
               sizeof(int32_t) * static_cast<size_t>(kDivRows - keptCount));
   int32_t at = 1;
-  if (end > 1 && seenText.Length() > 1) {
-    const int32_t patternLength = seenText.Length() - 2;
-    std::memcpy(output + 1, seenText.CStr() + 1, static_cast<size_t>(patternLength));
+  if (end > 1 && seenLength > 1) {
+    const int32_t patternLength = seenLength - 2;
+    std::memcpy(output + 1, seenText + 1, static_cast<size_t>(patternLength));
     at = 1 + patternLength;
   }
   // Three-syllable words of the ending-search modes carry their lengths
@@ -419,8 +400,11 @@ void NounDivider::FinishOutput(uint32_t tag, int32_t end) {
     }
   }
   output[at] = '$';
-  char* rest = output + at + 1;
-  std::memset(rest, 0, strnlen(rest, static_cast<size_t>(kDivOutputSize - at - 1)));
+  // What was written beyond the new end: no byte of a pattern is 0, so this
+  // clears what a search for the first NUL from at + 1 would find.
+  if (written > at + 1) {
+    std::memset(output + at + 1, 0, static_cast<size_t>(written - at - 1));
+  }
 }
 
 }  // namespace Quorel

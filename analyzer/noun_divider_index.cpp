@@ -25,6 +25,7 @@ int32_t PieceBytes(char c) {
 
 int NounDivider::ExtractIndexWords(const char* text) {
   ClearRows();
+  hitsComplete = false;
   word = text != nullptr ? text : "";
   wordLength = word.Length();
   if (dictionary == nullptr) return indexWordCount;
@@ -71,7 +72,11 @@ int NounDivider::AddIndexWord(const char* text, int32_t len) {
 void NounDivider::CollectIndexWords(const char* division) {
   if (division == nullptr) return;
   const char* w = word.CStr();
-  DivRow* row = rowCount < kDivRows ? &rows[rowCount] : nullptr;
+  DivRow* row = nullptr;
+  if (rowCount < kDivRows) {
+    BlankRow(rowCount);
+    row = &rows[rowCount];
+  }
   int element = 0;
   int32_t at = 0;
   for (int i = 0; division[i] != '\0'; ++i) {

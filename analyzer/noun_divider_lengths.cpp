@@ -5,7 +5,7 @@
 
 namespace Quorel {
 
-const LengthPattern LengthPatterns[kLengthPatternCount] = {
+constexpr LengthPattern LengthPatterns[kLengthPatternCount] = {
     {3, 1.3}, {12, 3.1}, {13, 2.0}, {14, 2.0}, {15, 1.0}, {16, 1.0},
     {17, 1.0}, {21, 2.0}, {22, 5.0}, {23, 5.0}, {24, 3.0}, {25, 3.0},
     {26, 1.0}, {27, 1.0}, {31, 3.0}, {32, 5.0}, {33, 4.0}, {34, 3.0},
@@ -23,8 +23,36 @@ const LengthPattern LengthPatterns[kLengthPatternCount] = {
     {2323, 2.0}, {2332, 2.0}, {3222, 5.0}, {3223, 4.0}, {3232, 2.0},
     {3322, 3.0}, {22222, 5.0}};
 
+namespace {
+
+// Codes below kDirectCodes find their row through this index (row + 1, 0 for
+// none); the few longer codes by binary search over the rest of the table.
+constexpr int32_t kDirectCodes = 1000;
+
+struct DirectIndex {
+  unsigned char row[kDirectCodes];
+  int firstLong;  // first row whose code is kDirectCodes or more
+  constexpr DirectIndex() : row(), firstLong(kLengthPatternCount) {
+    for (int i = kLengthPatternCount - 1; i >= 0; --i) {
+      const int32_t code = LengthPatterns[i].code;
+      if (code < kDirectCodes) {
+        row[code] = static_cast<unsigned char>(i + 1);
+      } else {
+        firstLong = i;
+      }
+    }
+  }
+};
+constexpr DirectIndex kDirect;
+
+}  // namespace
+
 double LengthPatternValue(int32_t code) {
-  int lo = 0;
+  if (code >= 0 && code < kDirectCodes) {
+    const int row = kDirect.row[code];
+    return row != 0 ? LengthPatterns[row - 1].value : 0.0;
+  }
+  int lo = kDirect.firstLong;
   int hi = kLengthPatternCount - 1;
   while (lo <= hi) {
     const int mid = (lo + hi) / 2;

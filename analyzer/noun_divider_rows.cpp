@@ -38,11 +38,97 @@ jeInfo JosaReading(const Dictionary& d, const char* key, int32_t len) {
 
 }  // namespace
 
+// Words of Hangul alone, whose bytes all have the high bit, are told apart
+// eight bytes at a time; only other words count byte by byte.
+int32_t AsciiUnits(const char* w, int32_t length) {
+  constexpr uint64_t kHigh = 0x8080808080808080ULL;
+  int32_t i = 0;
+  for (; i + 8 <= length; i += 8) {
+    uint64_t chunk;
+    std::memcpy(&chunk, w + i, sizeof(chunk));
+    if ((chunk & kHigh) != kHigh) break;
+  }
+  if (i + 8 > length) {
+    // The last bytes, four, two and one at a time.
+    bool high = true;
+    int32_t t = i;
+    if (t + 4 <= length) {
+      uint32_t part;
+      std::memcpy(&part, w + t, sizeof(part));
+      high = (part & 0x80808080U) == 0x80808080U;
+      t += 4;
+    }
+    if (high && t + 2 <= length) {
+      uint16_t part;
+      std::memcpy(&part, w + t, sizeof(part));
+      high = (part & 0x8080U) == 0x8080U;
+      t += 2;
+    }
+    if (high && t < length) high = (static_cast<unsigned char>(w[t]) & 0x80) != 0;
+    if (high) return 0;
+  }
+  int32_t ascii = 0;
+  for (; i < length; ++i) {
+    const unsigned char c = static_cast<unsigned char>(w[i]);
+    if (c >= 33 && c <= 126) ++ascii;
+  }
+  return ascii > 1 ? ascii - 1 : ascii;
+}
+
 int NounDivider::Enumerate(const char* text,
-                           const std::vector<SearchInfo>* startHits) {
+                           const std::vector<SearchInfo>* startHits,
+                           const SearchInfo* whole) {
   ClearRows();
   if (text != word.CStr()) word = text != nullptr ? text : "";
   wordLength = word.Length();
+  const char* w = word.CStr();
+  wholeWord = whole;
+  headHits = startHits;
+  std::memset(suffixMemo, -1, sizeof(suffixMemo));
+  lastJosa = kNotAsked;
+  if (hitsOfLonger) {
+    // The hits of a word this one begins: those that end within it are its
+    // own, in the order a search would give them, and were never cut.
+    hitsOfLonger = false;
+    size_t kept = 0;
+    for (size_t i = 0; i < hits.size(); ++i) {
+      if (hits[i].end <= wordLength) hits[kept++] = hits[i];
+    }
+    hits.resize(kept);
+  } else {
+    CollectHits(startHits);
+  }
+  hitsComplete = hits.size() < static_cast<size_t>(kMaxDivHits);
+  hitsLength = wordLength;
+  const int32_t units = wordLength / 2 + AsciiUnits(w, wordLength);
+
+  rowCount = 1;
+  BlankRow(0);
+  splitFlag = 0;
+  josaText.Clear();
+  inSpan = 0;
+  Walk(0, 0, 0);
+
+  bool uCopy[kDivRows] = {};
+  for (int k = 0; k < rowCount; ++k) {
+    if (IsDead(k)) continue;
+    int32_t covered = 0;
+    weightSum[k] = WeighRow(k, uCopy, covered);
+    if (covered != units) Kill(k);
+  }
+  Deduplicate();
+  int live = 0;
+  for (int k = 0; k < rowCount; ++k) {
+    if (IsDead(k)) continue;
+    rows[k].score = rows[k].score + Score(k) + weightSum[k] / 10.0;
+    ++live;
+  }
+  wholeWord = nullptr;
+  headHits = nullptr;
+  return live;
+}
+
+void NounDivider::CollectHits(const std::vector<SearchInfo>* startHits) {
   const char* w = word.CStr();
   hits.clear();
   // Only words of 3 bytes or more are kept, so none starts in the last 2.
@@ -60,40 +146,27 @@ int NounDivider::Enumerate(const char* text,
     if (hits.size() >= static_cast<size_t>(kMaxDivHits)) break;
   }
   if (hits.size() > static_cast<size_t>(kMaxDivHits)) hits.resize(kMaxDivHits);
-  int32_t ascii = 0;
-  for (int32_t i = 0; i < wordLength; ++i) {
-    const unsigned char c = static_cast<unsigned char>(w[i]);
-    if (c >= 33 && c <= 126) ++ascii;
-  }
-  const int32_t units = wordLength / 2 + (ascii > 1 ? ascii - 1 : ascii);
-
-  rowCount = 1;
-  splitFlag = 0;
-  josaText.Clear();
-  inSpan = 0;
-  Walk(0, 0, 0);
-
-  bool uCopy[kDivRows] = {};
-  for (int k = 0; k < rowCount; ++k) {
-    if (IsDead(k)) continue;
-    weightSum[k] = WeighRow(k, uCopy);
-    int32_t covered = 0;
-    for (int j = 0; j < kDivElements && rows[k].elements[j].length > 0; ++j) {
-      covered += rows[k].elements[j].length;
-    }
-    if (covered != units) Kill(k);
-  }
-  Deduplicate();
-  int live = 0;
-  for (int k = 0; k < rowCount; ++k) {
-    if (IsDead(k)) continue;
-    rows[k].score = rows[k].score + Score(k) + weightSum[k] / 10.0;
-    ++live;
-  }
-  return live;
 }
 
-double NounDivider::WeighRow(int k, bool uCopy[kDivRows]) {
+bool NounDivider::AskSuffix(int32_t at) {
+  const bool suffix = dictionary->IsXSN(word.CStr() + at, 2) != 0;
+  if (at >= 0 && at < kSuffixMemoBytes) suffixMemo[at] = suffix ? 1 : 0;
+  return suffix;
+}
+
+const SearchInfo& NounDivider::HeadRecord(
+    const std::vector<SearchInfo>& startHits, int32_t bytes) {
+  // What SearchMain leaves of a miss: every field zero.
+  static constexpr SearchInfo kMiss{0, 0, {0, 0, 0, 0, 0, 0},
+                                    nullptr, nullptr, nullptr, nullptr};
+  for (const SearchInfo& h : startHits) {
+    if (h.end == bytes) return h;
+    if (h.end > bytes) break;  // in increasing end
+  }
+  return kMiss;
+}
+
+double NounDivider::WeighRow(int k, bool uCopy[kDivRows], int32_t& covered) {
   DivRow& r = rows[k];
   const char* w = word.CStr();
   double sum = 0.0;
@@ -132,6 +205,10 @@ double NounDivider::WeighRow(int k, bool uCopy[kDivRows]) {
     ++count;
   }
   r.elementCount = count;
+  // The syllables of the elements weighed, which are those up to the first
+  // empty one (a merged josa empties the one it took); a dead row covers
+  // nothing.
+  covered = IsDead(k) ? 0 : at / 2;
   return sum;
 }
 
@@ -146,16 +223,21 @@ void NounDivider::WeighElement(int k, int j, int32_t at, bool uCopy[kDivRows],
   const bool last = j + 1 >= kDivElements || r.elements[j + 1].length <= 0;
   const char next = last ? 0 : r.elements[j + 1].letter;
   const int32_t nextLength = last ? 0 : r.elements[j + 1].length;
-  // The walk's hits hold the records of the words they cover.
-  SearchInfo si;
-  const SearchInfo* hit = FindHit(at, at + bytes);
-  uint32_t bits = 0;
-  if (hit != nullptr) {
-    si = *hit;
-    bits = si.info.bits;
-  } else if (dictionary->SearchMain(w + at, si, bytes) != 0) {
-    bits = si.info.bits;
+  // The walk's hits hold the records of the words they cover, and Divide
+  // the record of the whole word.
+  const SearchInfo* record = FindHit(at, at + bytes);
+  if (record == nullptr) {
+    if (at == 0 && bytes == wordLength && wholeWord != nullptr) {
+      record = wholeWord;
+    } else if (at == 0 && headHits != nullptr) {
+      record = &HeadRecord(*headHits, bytes);
+    } else {
+      dictionary->SearchMain(w + at, pieceRecord, bytes);
+      record = &pieceRecord;
+    }
   }
+  const SearchInfo& si = *record;
+  const uint32_t bits = si.info.bits;
   const int attr = si.nnbText != nullptr ? std::atoi(si.nnbText) : 0;
 
   if (at > 0 && HasTag(bits, Pos::NNB) && (attr & 2) != 0) {
@@ -193,7 +275,7 @@ void NounDivider::WeighElement(int k, int j, int32_t at, bool uCopy[kDivRows],
     return;
   }
   if (last && e.length == 1 && (j == 0 || r.elements[j - 1].letter != 'C') &&
-      dictionary->IsXSN(w + wordLength - 2, 2) != 0) {
+      SuffixAt(wordLength - 2)) {
     e.letter = 'Y';
     if (InJosaList(w + wordLength - 2, 2)) {
       e.weight -= 1;
@@ -326,6 +408,11 @@ void NounDivider::Deduplicate() {
 double NounDivider::Score(int row) const {
   const DivRow& r = rows[row];
   const int count = r.elementCount < kDivElements ? r.elementCount : kDivElements;
+  int32_t startOf[kDivElements + 1];  // byte where element j starts
+  startOf[0] = 0;
+  for (int j = 0; j < count; ++j) {
+    startOf[j + 1] = startOf[j] + 2 * r.elements[j].length;
+  }
   int64_t code = 0;
   int64_t unit = 1;  // 10^places
   int places = 0;
@@ -335,20 +422,24 @@ double NounDivider::Score(int row) const {
   for (int j = count - 1; j >= 0; --j) {
     const DivElement& e = r.elements[j];
     if (e.length <= 0) continue;
-    if (places == 0 && e.length == 1 && e.letter == 'J') continue;
-    if (e.length == 1 && e.letter == 'X') {
-      if (places > 0 && !tooLong) code += unit / 10;
-    } else if (e.length == 1 && e.letter == 'Y') {
-      ++suffix;
-    } else {
-      if (places >= 9) tooLong = true;
-      if (!tooLong) {
-        code += (e.length + suffix) * unit;
-        unit *= 10;
+    if (e.length == 1) {
+      if (e.letter == 'J' && places == 0) continue;
+      if (e.letter == 'X') {
+        if (places > 0 && !tooLong) code += unit / 10;
+        continue;
       }
-      suffix = 0;
-      pieces[places++] = j;
+      if (e.letter == 'Y') {
+        ++suffix;
+        continue;
+      }
     }
+    if (places >= 9) tooLong = true;
+    if (!tooLong) {
+      code += (e.length + suffix) * unit;
+      unit *= 10;
+    }
+    suffix = 0;
+    pieces[places++] = j;
   }
   if (places == 0) return 0.0;
 
@@ -365,9 +456,8 @@ double NounDivider::Score(int row) const {
 
   const char* w = word.CStr();
   int64_t joint = 0;
-  int32_t at = 0;
   for (int j = 0; j < places - 1 && j < count; ++j) {
-    at += 2 * r.elements[j].length;
+    const int32_t at = startOf[j + 1];
     int32_t freq = 0;
     if (at >= 2 && at + 2 <= wordLength) dictionary->GetDivFreq(w + at - 2, freq, 4);
     joint += freq;
@@ -376,13 +466,11 @@ double NounDivider::Score(int row) const {
 
   double position = 0.0;
   for (int p = places - 1; p >= 0; --p) {
-    const DivElement& e = r.elements[pieces[p]];
-    if (e.length <= 1) continue;
-    int32_t start = 0;
-    for (int j = 0; j < pieces[p]; ++j) start += 2 * r.elements[j].length;
-    if (start + 2 * e.length > wordLength) continue;
+    const int j = pieces[p];
+    const int32_t bytes = 2 * r.elements[j].length;
+    if (bytes <= 2 || startOf[j] + bytes > wordLength) continue;
     PosInfoRec rec;
-    dictionary->GetPosFreq(w + start, rec, 2 * e.length);
+    dictionary->GetPosFreq(w + startOf[j], rec, bytes);
     const int slot = p == places - 1 ? 0 : (p == 0 ? 2 : 1);
     position += rec.counts[slot];
   }

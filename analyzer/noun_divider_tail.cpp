@@ -25,11 +25,11 @@ int NounDivider::WalkTail(int row, int pos, const TailSpan& span) {
   const char* r = w + span.prevEnd;
   const char l1 = LetterAt(row, pos - 1);
   const char l2 = LetterAt(row, pos - 2);
-  if (rest == 2 && dictionary->IsXSN(r, 2) != 0) {
+  if (rest == 2 && SuffixAt(span.prevEnd)) {
     if (wordLength < 11 && pos >= 1 && l1 != 'Y' && l1 != 'C' &&
         (pos < 2 || l2 != 'Y')) {
       AddElement(row, pos, 2, 'Y');
-      rows[row].elements[pos].weight += 1;
+      if (pos < kDivElements) rows[row].elements[pos].weight += 1;
       return CloseRow(row, pos + 1);
     }
     if (pos >= 2 && l1 == 'Y' && (l2 == ' ' || l2 == 'N') &&
@@ -59,7 +59,7 @@ int NounDivider::WalkTail(int row, int pos, const TailSpan& span) {
   if ((mode < 2 || mode > 4) && rest == 4 &&
       (Same(r, DividerText::kButeo, 4) || Same(r, DividerText::kKkaji, 4))) {
     AddElement(row, pos, 4, 'J');
-    rows[row].elements[pos].weight *= 2;
+    if (pos < kDivElements) rows[row].elements[pos].weight *= 2;
     return CloseRow(row, pos + 1);
   }
   return CloseUnknownTail(row, pos, span);
@@ -76,7 +76,7 @@ int NounDivider::TailSecondSuffix(int row, int pos) {
   const char* w = word.CStr();
   const char* last = w + wordLength - 2;
   AddElement(row, pos, 2, 'Y');
-  rows[row].elements[pos].weight -= 1;
+  if (pos < kDivElements) rows[row].elements[pos].weight -= 1;
   if (dictionary->IsXSNXSN(w + wordLength - 4, 4) == 0) {
     rows[row].elements[pos - 1].weight -= 5;
   }
@@ -106,7 +106,7 @@ int NounDivider::TailFourBytes(int row, int pos, const TailSpan& span) {
     AddElement(row, pos + 1, 2, 'Y');
     return CloseRow(row, pos + 2);
   }
-  if (dictionary->IsXSN(second, 2) != 0 && !InJosaList(second, 2) &&
+  if (SuffixAt(span.prevEnd + 2) && !InJosaList(second, 2) &&
       !Same(second, DividerText::kGa, 2) && !Same(r, DividerText::kDeul, 2) &&
       !Same(r, DividerText::kEu, 2) && !Same(r, DividerText::kBeop, 2) &&
       !Same(r, DividerText::kE, 2) && !Same(r, DividerText::kHyeong, 2)) {
@@ -115,7 +115,7 @@ int NounDivider::TailFourBytes(int row, int pos, const TailSpan& span) {
     if (pos + 1 < kDivElements) rows[row].elements[pos + 1].weight += 1;
     return CloseRow(row, pos + 2);
   }
-  if (dictionary->IsXSN(r, 2) == 0 || Same(r, DividerText::kRoseo, 4) ||
+  if (!SuffixAt(span.prevEnd) || Same(r, DividerText::kRoseo, 4) ||
       l1 == 'C' || l1 == 'J' || l1 == 'Q') {
     return -1;
   }
@@ -142,7 +142,7 @@ int NounDivider::TailFourBytes(int row, int pos, const TailSpan& span) {
   }
   if (Same(r, DividerText::kButeo, 4) || Same(r, DividerText::kKkaji, 4)) {
     AddElement(row, pos, 4, 'J');
-    rows[row].elements[pos].weight *= 2;
+    if (pos < kDivElements) rows[row].elements[pos].weight *= 2;
     return CloseRow(row, pos + 1);
   }
   AddElement(row, pos + 1, 2, 'U');
@@ -180,7 +180,7 @@ int NounDivider::TailJosa(int row, int pos, const TailSpan& span) {
     if (josa < 0) return rowCount;
     if (josa == 1) {
       AddElement(row, pos, rest, 'J');
-      rows[row].elements[pos].weight += 3;
+      if (pos < kDivElements) rows[row].elements[pos].weight += 3;
       return CloseRow(row, pos + 1);
     }
   }
@@ -194,17 +194,17 @@ int NounDivider::TailJosa(int row, int pos, const TailSpan& span) {
   if (rest == 6 && lastLength < 5 && dictionary->IsXSNXSN(r, 4) != 0) {
     AddElement(row, p++, 2, 'Y');
     AddElement(row, p++, 2, 'Y');
-  } else if (rest == 6 && dictionary->IsXSN(r, 2) != 0) {
+  } else if (rest == 6 && SuffixAt(span.prevEnd)) {
     AddElement(row, p, 2, 'Y');
     if (Same(r, DividerText::kHa, 2) && p < kDivElements) {
       rows[row].elements[p].weight -= 2;
     }
     ++p;
     AddElement(row, p++, 2, 'U');
-  } else if (rest == 6 && dictionary->IsXSN(r + 2, 2) != 0) {
+  } else if (rest == 6 && SuffixAt(span.prevEnd + 2)) {
     AddElement(row, p++, 2, 'U');
     AddElement(row, p++, 2, 'Y');
-  } else if (rest == 8 && dictionary->IsXSN(r, 2) != 0) {
+  } else if (rest == 8 && SuffixAt(span.prevEnd)) {
     AddElement(row, p++, 2, 'Y');
     AddElement(row, p++, 4, 'U');
   } else {

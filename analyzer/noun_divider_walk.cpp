@@ -17,47 +17,6 @@ bool HasTag(uint32_t bits, uint32_t tag) { return (bits & tag) == tag; }
 
 }  // namespace
 
-void NounDivider::AddElement(int row, int pos, int32_t bytes, char letter) {
-  if (row < 0 || row >= kDivRows || IsDead(row)) return;
-  if (pos < 0 || pos >= kDivElements) {
-    Kill(row);
-    return;
-  }
-  const int32_t b = bytes;
-  int32_t weight = 0;
-  switch (letter) {
-    case ' ':
-    case 'M':
-      weight = b <= 5 ? b - 1 : (b == 6 ? 10 : (b - 1) * (b / 2));
-      break;
-    case 'I':
-      weight = b == 6 ? 8 : 3;
-      break;
-    case 'J':
-      weight = InJosaList(josaText.CStr(), josaText.Length()) ? 2 : 0;
-      break;
-    case 'N':
-      weight = b < 6 ? 2 * b : b * (b / 2);
-      break;
-    case 'P':
-      weight = 2;
-      break;
-    case 'Q':
-      weight = -3;
-      break;
-    case 'U':
-      weight = -2;
-      break;
-    case 'X':
-    case 'Y':
-      weight = 1;
-      break;
-    default:
-      break;
-  }
-  rows[row].elements[pos] = DivElement{b / 2, weight, letter};
-}
-
 int NounDivider::WriteDivision(int row, int pos, int hit, char letter,
                                const char* text) {
   int p = pos;
@@ -101,12 +60,7 @@ bool ReadStoredPiece(const char* text, int32_t& i, int32_t& length,
   return length > 0;
 }
 
-char NounDivider::LetterAt(int row, int i) const {
-  if (i < 0 || i >= kDivElements) return 0;
-  return rows[row].elements[i].letter;
-}
-
-void NounDivider::PrevSpan(int row, int pos, TailSpan& span) const {
+inline void NounDivider::PrevSpan(int row, int pos, TailSpan& span) const {
   span.prevHit = -1;
   if (pos > 0 && pos <= kDivElements) {
     const unsigned char h = rows[row].hitIndex[pos - 1];
@@ -127,17 +81,6 @@ void NounDivider::PrevSpan(int row, int pos, TailSpan& span) const {
   span.prevEnd = covered;
 }
 
-const SearchInfo* NounDivider::FindHit(int32_t start, int32_t end) const {
-  for (const SearchInfo& h : hits) {
-    if (h.start == start && h.end == end) return &h;
-  }
-  return nullptr;
-}
-
-bool NounDivider::HasHit(int32_t start, int32_t end) const {
-  return FindHit(start, end) != nullptr;
-}
-
 bool NounDivider::LongerHitToEnd(int prevHit) const {
   if (prevHit < 0) return false;
   for (size_t i = static_cast<size_t>(prevHit) + 1; i < hits.size(); ++i) {
@@ -148,7 +91,23 @@ bool NounDivider::LongerHitToEnd(int prevHit) const {
   return false;
 }
 
-int NounDivider::JosaBehind(int32_t at, int32_t len, uint16_t& attach) const {
+int NounDivider::JosaBehind(int32_t at, int32_t len, uint16_t& attach) {
+  // The last syllable is the one most asked about, once per row that ends
+  // in it; its answer is kept for the word.
+  const bool lastSyllable = len == 2 && at == wordLength - 2;
+  if (lastSyllable && lastJosa != kNotAsked) {
+    attach = lastJosaAttach;
+    return lastJosa;
+  }
+  const int answer = AskJosaBehind(at, len, attach);
+  if (lastSyllable) {
+    lastJosa = static_cast<int8_t>(answer);
+    lastJosaAttach = attach;
+  }
+  return answer;
+}
+
+int NounDivider::AskJosaBehind(int32_t at, int32_t len, uint16_t& attach) const {
   attach = 0;
   if (at < 2 || len <= 0 || at + len > wordLength) return -1;
   const char* w = word.CStr();
@@ -163,15 +122,6 @@ int NounDivider::JosaBehind(int32_t at, int32_t len, uint16_t& attach) const {
   return Dictionary::CheckAttach(*before, reading) != 0 ? 1 : 0;
 }
 
-int NounDivider::CloseRow(int row, int pos) {
-  if (pos > kDivElements) {
-    Kill(row);
-  } else {
-    rows[row].elementCount = pos;
-  }
-  return rowCount;
-}
-
 int NounDivider::RejectRow(int row, int pos) {
   AddElement(row, pos, 0, 'Q');
   Kill(row);
@@ -184,7 +134,7 @@ int NounDivider::Walk(int row, int hit, int pos) {
   const char* w = word.CStr();
   if (hits.empty()) {
     // No hit at all: one unknown piece, with a suffix split off.
-    if (wordLength > 2 && dictionary->IsXSN(w + wordLength - 2, 2) != 0) {
+    if (wordLength > 2 && SuffixAt(wordLength - 2)) {
       AddElement(row, 0, wordLength - 2, 'U');
       rows[row].elements[0].weight += 1;
       AddElement(row, 1, 2, 'Y');
@@ -193,67 +143,73 @@ int NounDivider::Walk(int row, int hit, int pos) {
     AddElement(row, 0, wordLength, 'U');
     return CloseRow(row, 1);
   }
+  // A hit passed over walks on with the next one in this loop: row and pos
+  // stay, and nothing but a new row is written meanwhile, so the span behind
+  // element pos-1 holds for every turn.
   TailSpan span;
   PrevSpan(row, pos, span);
-  if (hit >= static_cast<int>(hits.size())) {
-    if (pos > 0 && span.prevEnd >= wordLength) return CloseRow(row, pos);
-    return WalkTail(row, pos, span);
-  }
-  const SearchInfo& h = hits[hit];
+  const int hitCount = static_cast<int>(hits.size());
+  for (;; ++hit) {
+    if (hit > 0 && rowCount >= kDivRows) return rowCount;
+    if (hit >= hitCount) {
+      if (pos > 0 && span.prevEnd >= wordLength) return CloseRow(row, pos);
+      return WalkTail(row, pos, span);
+    }
+    const SearchInfo& h = hits[hit];
 
-  // A head that no hit covers.
-  if (pos == 0 && inSpan == 0 && h.start >= 2 && h.start <= 6) {
-    inSpan = 1;
-    bool covered = HasHit(0, h.end);
-    for (const SearchInfo& other : hits) covered |= other.end == h.start;
-    if (h.start == 2 && h.end == 6 && dictionary->IsXP(w, 2) != 0) {
-      AddElement(row, 0, 2, 'X');
-      if (HasHit(0, 4) || HasHit(0, 6)) rows[row].elements[0].weight -= 1;
-    } else if (covered) {
-      return RejectRow(row, 0);
-    } else {
-      AddElement(row, 0, h.start, 'U');
+    // A head that no hit covers.
+    if (pos == 0 && inSpan == 0 && h.start >= 2 && h.start <= 6) {
+      inSpan = 1;
+      bool covered = HasHit(0, h.end);
+      for (const SearchInfo& other : hits) covered |= other.end == h.start;
+      if (h.start == 2 && h.end == 6 && dictionary->IsXP(w, 2) != 0) {
+        AddElement(row, 0, 2, 'X');
+        if (HasHit(0, 4) || HasHit(0, 6)) rows[row].elements[0].weight -= 1;
+      } else if (covered) {
+        return RejectRow(row, 0);
+      } else {
+        AddElement(row, 0, h.start, 'U');
+      }
+      return TakeHit(row, hit, 1);
     }
-    return TakeHit(row, hit, 1);
-  }
-  if ((pos == 0 && h.start == 0) || (pos > 0 && h.start == span.prevEnd)) {
-    return TakeHit(row, hit, pos);
-  }
-  if (inSpan == 1 && pos > 0 && h.start < span.prevEnd &&
-      ((pos < 3 && h.start != span.prevStart) || h.start == 0)) {
-    // An overlapping hit starts a division of its own.
-    const int fresh = NewRow();
-    if (fresh >= 0) {
-      inSpan = 0;
-      Walk(fresh, hit, 0);
+    if ((pos == 0 && h.start == 0) || (pos > 0 && h.start == span.prevEnd)) {
+      return TakeHit(row, hit, pos);
     }
-    inSpan = 1;
-    return Walk(row, hit + 1, pos);
-  }
-  if (inSpan == 1 && pos > 0 && h.start > span.prevEnd) {
-    const int32_t gap = h.start - span.prevEnd;
-    if (gap != 2) {
-      AddElement(row, pos, gap, 'U');
-    } else if (HasHit(span.prevStart, h.start)) {
-      return RejectRow(row, pos);
-    } else {
-      const bool suffix = dictionary->IsXSN(w + span.prevEnd, 2) != 0;
-      AddElement(row, pos, 2, suffix ? 'Y' : 'U');
+    if (inSpan == 1 && pos > 0 && h.start < span.prevEnd &&
+        ((pos < 3 && h.start != span.prevStart) || h.start == 0)) {
+      // An overlapping hit starts a division of its own.
+      const int fresh = NewRow();
+      if (fresh >= 0) {
+        inSpan = 0;
+        Walk(fresh, hit, 0);
+      }
+      inSpan = 1;
+      continue;
     }
-    return TakeHit(row, hit, pos + 1);
-  }
-  if (pos > 0 && span.prevHit >= 0 && h.start == span.prevStart) {
-    // The longer hit of the same start replaces the previous one.
-    int first = pos - 1;
-    while (first > 0 && rows[row].hitIndex[first - 1] == span.prevHit) --first;
-    const int fresh = NewRow();
-    if (fresh >= 0) {
-      CopyRow(fresh, row, first);
-      TakeHit(fresh, hit, first);
+    if (inSpan == 1 && pos > 0 && h.start > span.prevEnd) {
+      const int32_t gap = h.start - span.prevEnd;
+      if (gap != 2) {
+        AddElement(row, pos, gap, 'U');
+      } else if (HasHit(span.prevStart, h.start)) {
+        return RejectRow(row, pos);
+      } else {
+        const bool suffix = SuffixAt(span.prevEnd);
+        AddElement(row, pos, 2, suffix ? 'Y' : 'U');
+      }
+      return TakeHit(row, hit, pos + 1);
     }
-    return Walk(row, hit + 1, pos);
+    if (pos > 0 && span.prevHit >= 0 && h.start == span.prevStart) {
+      // The longer hit of the same start replaces the previous one.
+      int first = pos - 1;
+      while (first > 0 && rows[row].hitIndex[first - 1] == span.prevHit) --first;
+      const int fresh = NewRow();
+      if (fresh >= 0) {
+        CopyRow(fresh, row, first);
+        TakeHit(fresh, hit, first);
+      }
+    }
+    // Otherwise the hit is passed over.
   }
-  return Walk(row, hit + 1, pos);
 }
 
 int NounDivider::TakeHit(int row, int hit, int pos) {

@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <initializer_list>
+#include <string>
 
 #include "noun_divider/divider_helpers.h"
 
@@ -151,6 +152,65 @@ TEST_F(RowsTest, LengthTableIsSortedAndAnswersByCode) {
   EXPECT_EQ(5.0, LengthPatternValue(22222));
   EXPECT_EQ(0.0, LengthPatternValue(9));
   EXPECT_EQ(0.0, LengthPatternValue(99999));
+}
+
+// The direct index of short codes against a plain scan of the table, over
+// every code a row of up to five pieces can make and around each entry.
+TEST(LengthTableTest, IndexedLookupAnswersAsAScanOfTheTable) {
+  const auto scan = [](int32_t code) {
+    for (const LengthPattern& p : LengthPatterns) {
+      if (p.code == code) return p.value;
+    }
+    return 0.0;
+  };
+  for (int32_t code = -2; code <= 40000; ++code) {
+    ASSERT_EQ(scan(code), LengthPatternValue(code)) << code;
+  }
+  for (const LengthPattern& p : LengthPatterns) {
+    EXPECT_EQ(p.value, LengthPatternValue(p.code)) << p.code;
+  }
+}
+
+// The table of adjacent pairs against the string search, for every two
+// bytes (a NUL among them included).
+TEST(JosaListTest, PairTableAnswersAsTheStringSearch) {
+  int found = 0;
+  for (int a = 0; a < 256; ++a) {
+    for (int b = 0; b < 256; ++b) {
+      const char two[2] = {static_cast<char>(a), static_cast<char>(b)};
+      const bool table = NounDivider::InJosaList(two, 2);
+      ASSERT_EQ(NounDivider::InJosaListText(two, 2), table) << a << " " << b;
+      found += table ? 1 : 0;
+    }
+  }
+  EXPECT_GE(found, 15);  // every josa syllable, and the pairs with ':'
+}
+
+// The eight-byte test of high bits against a byte-by-byte count, for every
+// length up to 20 and an ASCII byte (or a trail byte in its range) at each
+// place, alone and in pairs.
+TEST(AsciiUnitsTest, ChunkedCountAnswersAsAByteCount) {
+  const auto count = [](const std::string& w) {
+    int32_t ascii = 0;
+    for (unsigned char c : w) ascii += c >= 33 && c <= 126 ? 1 : 0;
+    return ascii > 1 ? ascii - 1 : ascii;
+  };
+  for (int32_t length = 0; length <= 20; ++length) {
+    const std::string hangul(static_cast<size_t>(length), '\xB0');
+    EXPECT_EQ(0, AsciiUnits(hangul.c_str(), length));
+    for (int32_t i = 0; i < length; ++i) {
+      for (char c : {'A', 'z', ' ', '~', '\x7F', '\x41'}) {
+        std::string w = hangul;
+        w[static_cast<size_t>(i)] = c;
+        EXPECT_EQ(count(w), AsciiUnits(w.c_str(), length)) << length << " " << i;
+        for (int32_t k = i + 1; k < length; ++k) {
+          std::string two = w;
+          two[static_cast<size_t>(k)] = '5';
+          EXPECT_EQ(count(two), AsciiUnits(two.c_str(), length));
+        }
+      }
+    }
+  }
 }
 
 TEST_F(RowsTest, ElementsOutsideTheRowKillItAndWeightsFollowTheLetter) {
