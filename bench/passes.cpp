@@ -5,6 +5,8 @@
 #include <chrono>
 #include <thread>
 
+#include <time.h>
+
 namespace qrlbench {
 
 namespace {
@@ -13,6 +15,12 @@ using Clock = std::chrono::steady_clock;
 
 double Seconds(Clock::time_point from, Clock::time_point to) {
   return std::chrono::duration<double>(to - from).count();
+}
+
+double ThreadCpuSeconds() {
+  timespec t{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
+  return static_cast<double>(t.tv_sec) + static_cast<double>(t.tv_nsec) * 1e-9;
 }
 
 }  // namespace
@@ -58,12 +66,14 @@ PassResult Worker::Run(const std::vector<std::string>& lines, size_t count,
                        Work work) {
   PassResult result;
   AllocationCount before = Allocations();
+  const double cpuStart = ThreadCpuSeconds();
   Clock::time_point start = Clock::now();
   for (size_t i = 0; i < count && i < lines.size(); ++i) {
     result.eojuls += Line(lines[i], work);
     result.bytes += lines[i].size() + 1;
   }
   result.seconds = Seconds(start, Clock::now());
+  result.cpuSeconds = ThreadCpuSeconds() - cpuStart;
   AllocationCount after = Allocations();
   result.allocations = {after.calls - before.calls, after.bytes - before.bytes};
   return result;
