@@ -27,9 +27,9 @@ enum class Work {
 
 struct PassResult {
   double seconds = 0;
-  double cpuSeconds = 0;  // CPU time of the running thread (single passes only):
-                          // on a shared machine, wall time also counts
-                          // the time other guests took the core
+  double cpuSeconds = 0;  // CPU time of the running thread (single passes
+                          // only): leaves out the time it waited for a core,
+                          // though not the slowdown of sharing one
   uint64_t bytes = 0;   // UTF-8 bytes of the lines, line ends included
   uint64_t eojuls = 0;  // sentence elements (analysis with the sentence
                         // kept) or tokens (SetString); 0 otherwise
