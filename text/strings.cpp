@@ -45,6 +45,7 @@ bool string<T>::GrowStorage(int32_t needed) {
   std::memcpy(block, Data(), sizeof(T) * (length + 1));
   if (capacity > kInline) delete[] heap;
   heap = block;
+  storage = block;
   capacity = newCapacity;
   return true;
 }

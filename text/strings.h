@@ -54,7 +54,9 @@ inline void MoveBytes(void* to, const void* from, size_t n) {
 template <class T>
 class string {
  public:
-  string() : length(0), capacity(kInline) { inlineBuffer[0] = T(); }
+  string() : storage(inlineBuffer), length(0), capacity(kInline) {
+    inlineBuffer[0] = T();
+  }
   string(const T* text);          // null is the empty string
   string(const T* text, int32_t count);
   string(const string& other);
@@ -120,8 +122,8 @@ class string {
   int32_t Length() const { return length; }
   bool IsEmpty() const { return length == 0; }
   const T* CStr(int32_t position = 0) const { return Data() + position; }
-  T* Data() { return capacity > kInline ? heap : inlineBuffer; }
-  const T* Data() const { return capacity > kInline ? heap : inlineBuffer; }
+  T* Data() { return storage; }
+  const T* Data() const { return storage; }
   // The character at `position`; NUL when outside 0..Length()-1.
   T At(int32_t position) const {
     if (position < 0 || position >= length) return T();
@@ -180,6 +182,8 @@ class string {
     const int32_t heldCapacity = capacity;
     capacity = other.capacity;
     other.capacity = heldCapacity;
+    storage = capacity > kInline ? heap : inlineBuffer;
+    other.storage = other.capacity > kInline ? other.heap : other.inlineBuffer;
   }
 
  protected:
@@ -204,6 +208,9 @@ class string {
     T inlineBuffer[kInline];
     T* heap;
   };
+  // The inline buffer or the heap block: where the text is, read with one
+  // load on every access instead of a test of the capacity.
+  T* storage;
   int32_t length;
   int32_t capacity;  // characters the storage holds, the NUL included
 
