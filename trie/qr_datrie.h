@@ -266,20 +266,25 @@ inline int QR_DaTrie::WalkRootPair(unsigned char c1, unsigned char c2,
 
 inline unsigned char* QR_DaTrie::ValueOf(const unsigned char* key,
                                          int32_t len, int32_t& length) const {
-  if (bc == nullptr || len <= 0 || key[0] == 0) return nullptr;
-  const TrieCell* const cells = bc;
-  const int32_t last = bcPos;
+  if (len <= 0) return nullptr;
+  const unsigned char c0 = key[0];
   int32_t state = 1;
   int32_t i = 0;
-  if (len >= 2 && key[1] != 0) {
-    TrieNode node;
-    const int paired = WalkRootPair(key[0], key[1], node);
+  // Most keys are CP949 words: their first two bytes go through the
+  // root-pair index at once. An index exists only over a filled trie, so bc
+  // is not null on this path.
+  if (c0 >= kPairFirst && rootPairs != nullptr && len >= 2 && key[1] != 0) {
+    const int32_t paired = rootPairs[(c0 - kPairFirst) << 8 | key[1]];
     if (paired == 0) return nullptr;
-    if (paired == 1) {
-      state = node.state;
+    if (paired != kPairByBytes) {
+      state = paired;
       i = 2;
     }
+  } else if (bc == nullptr || c0 == 0) {
+    return nullptr;
   }
+  const TrieCell* const cells = bc;
+  const int32_t last = bcPos;
   for (; state >= 1 && i < len && key[i] != 0; ++i) {
     const int32_t t = CodeMap[key[i]] + cells[state].base;
     if (t > last || cells[t].check != state) return nullptr;
