@@ -105,6 +105,14 @@ void NounDivider::ClearOutput() {
 
 const char* NounDivider::Divide(const char* text, int divideMode,
                                 const std::vector<SearchInfo>* startHits) {
+  const int32_t length =
+      text != nullptr ? static_cast<int32_t>(std::strlen(text)) : 0;
+  return Divide(text, length, divideMode, startHits);
+}
+
+const char* NounDivider::Divide(const char* text, int32_t length,
+                                int divideMode,
+                                const std::vector<SearchInfo>* startHits) {
   mode = divideMode;
   answerTaken = false;
   ClearRows();
@@ -114,7 +122,6 @@ const char* NounDivider::Divide(const char* text, int divideMode,
     return output;
   }
   // A word that begins the last enumerated one takes its hits from them.
-  const int32_t length = static_cast<int32_t>(std::strlen(text));
   const bool stem = hitsComplete && hitsLength == wordLength &&
                    length < wordLength &&
                    std::memcmp(word.CStr(), text, static_cast<size_t>(length)) == 0;

@@ -130,6 +130,10 @@ class NounDivider {
   // covers the word. Returns output, valid until the next call.
   const char* Divide(const char* word, int divideMode,
                      const std::vector<SearchInfo>* startHits = nullptr);
+  // The same for a word whose length the caller knows: `length` bytes with
+  // no NUL among them and a NUL after (ignored when word is null).
+  const char* Divide(const char* word, int32_t length, int divideMode,
+                     const std::vector<SearchInfo>* startHits = nullptr);
   // Score of the row that gave group k of the last output; 0.0 for none.
   double GetPatternScore(int k) const;
 
