@@ -9,6 +9,7 @@
 #define QRLSL_ANALYZER_NOUN_DIVIDER_H_
 
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <vector>
 
@@ -82,6 +83,17 @@ struct DivRow {
   int32_t elementCount;
   double score;
 };
+
+// The attribute of a bound noun's record: atoi of its nnbText, 0 without
+// one. A lone digit, the usual form, is read without the C library.
+inline int NnbAttribute(const SearchInfo& si) {
+  const char* t = si.nnbText;
+  if (t == nullptr) return 0;
+  if (t[0] >= '0' && t[0] <= '9' && !(t[1] >= '0' && t[1] <= '9')) {
+    return t[0] - '0';
+  }
+  return std::atoi(t);
+}
 
 // Value of a decimal code of piece lengths (last piece in the units), as a
 // base score; the table is sorted by code.

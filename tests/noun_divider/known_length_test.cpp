@@ -1,8 +1,10 @@
-// The shortcuts that spare a measure: Divide of a word whose length the
-// caller gives answers byte for byte and score for score as Divide that
-// measures it.
+// The shortcuts that spare a measure or a parse: Divide of a word whose
+// length the caller gives answers byte for byte and score for score as Divide
+// that measures it, and the bound-noun attribute read without the C library
+// equals atoi on every form a record may hold.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -62,6 +64,19 @@ TEST_F(KnownLengthTest, GivenLengthAnswersAsTheMeasuredWord) {
 TEST_F(KnownLengthTest, NullAndEmptyWordGiveDollarWithAnyLength) {
   EXPECT_STREQ("$", divider.Divide(nullptr, 0, 0));
   EXPECT_STREQ("$", divider.Divide("", 0, 2));
+}
+
+TEST(BoundNounAttributeTest, EqualsAtoiOnEveryForm) {
+  const char* const kTexts[] = {"0",   "1",  "2",   "7",  "9",   "12", "6x",
+                                "3 ",  " 4", "-2",  "+5", "x",   "",   "05",
+                                "9a1", "10", "007", "4\t", "123456"};
+  for (const char* text : kTexts) {
+    SearchInfo si{};
+    si.nnbText = text;
+    EXPECT_EQ(std::atoi(text), NnbAttribute(si)) << '"' << text << '"';
+  }
+  SearchInfo none{};
+  EXPECT_EQ(0, NnbAttribute(none));
 }
 
 }  // namespace
