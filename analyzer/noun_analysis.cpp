@@ -140,8 +140,17 @@ double MAnalyzer::GroupScore(Eojul& e, int mode, int group, double sentinel,
 }
 
 const char* MAnalyzer::DivideNoun(const char* text, int mode) {
+  // Both callers divide workText; its length is known then.
+  const int32_t length =
+      text == nullptr ? 0
+      : text == workText.CStr() ? workText.Length()
+                                : static_cast<int32_t>(std::strlen(text));
+  // The word last divided, compared by length first (it holds no NUL).
+  const StringEx& last = compoundAnalyzer.word;
   if (divisionKept && compoundAnalyzer.mode == mode &&
-      compoundAnalyzer.word == text) {
+      last.Length() == length &&
+      std::memcmp(last.CStr(), text != nullptr ? text : "",
+                  static_cast<size_t>(length)) == 0) {
     return compoundAnalyzer.output;
   }
   // Within one eojul a word is often divided, then its stem without the
@@ -154,8 +163,7 @@ const char* MAnalyzer::DivideNoun(const char* text, int mode) {
     if (compoundAnalyzer.TakeKeptAnswer(text, mode)) {
       return compoundAnalyzer.output;
     }
-    const StringEx& last = compoundAnalyzer.word;
-    const size_t n = std::strlen(text);
+    const size_t n = static_cast<size_t>(length);
     if (n < static_cast<size_t>(last.Length()) &&
         std::memcmp(last.CStr(), text, n) == 0) {
       compoundAnalyzer.KeepAnswer();
@@ -164,7 +172,8 @@ const char* MAnalyzer::DivideNoun(const char* text, int mode) {
   // The divider keeps the word only when it divided one.
   divisionKept = text != nullptr && text[0] != '\0' && Knowledge() != nullptr;
   const bool searched = text != nullptr && wordHitsText == text;
-  return compoundAnalyzer.Divide(text, mode, searched ? &wordHits : nullptr);
+  return compoundAnalyzer.Divide(text, length, mode,
+                                 searched ? &wordHits : nullptr);
 }
 
 int MAnalyzer::AnalyzeNoun(Eojul& e, int mode, int level) {

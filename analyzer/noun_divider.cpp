@@ -19,10 +19,6 @@ bool HasTag(uint32_t bits, uint32_t tag) { return (bits & tag) == tag; }
 bool Same2(const char* a, const char* b) { return std::memcmp(a, b, 2) == 0; }
 
 // The numeric attribute of a bound noun's extra text, 0 without one.
-int Attribute(const SearchInfo& si) {
-  return si.nnbText != nullptr ? std::atoi(si.nnbText) : 0;
-}
-
 // True when the n bytes of text contain the m bytes of part (m > 0).
 bool Contains(const char* text, int32_t n, const char* part, int32_t m) {
   for (int32_t i = 0; i + m <= n; ++i) {
@@ -105,6 +101,14 @@ void NounDivider::ClearOutput() {
 
 const char* NounDivider::Divide(const char* text, int divideMode,
                                 const std::vector<SearchInfo>* startHits) {
+  const int32_t length =
+      text != nullptr ? static_cast<int32_t>(std::strlen(text)) : 0;
+  return Divide(text, length, divideMode, startHits);
+}
+
+const char* NounDivider::Divide(const char* text, int32_t length,
+                                int divideMode,
+                                const std::vector<SearchInfo>* startHits) {
   mode = divideMode;
   answerTaken = false;
   ClearRows();
@@ -114,7 +118,6 @@ const char* NounDivider::Divide(const char* text, int divideMode,
     return output;
   }
   // A word that begins the last enumerated one takes its hits from them.
-  const int32_t length = static_cast<int32_t>(std::strlen(text));
   const bool stem = hitsComplete && hitsLength == wordLength &&
                    length < wordLength &&
                    std::memcmp(word.CStr(), text, static_cast<size_t>(length)) == 0;
@@ -182,7 +185,7 @@ void NounDivider::DivideTwoSyllables(
   const SearchInfo& first =
       startHits != nullptr ? HeadRecord(*startHits, 2) : looked;
   const uint32_t firstBits = first.info.bits;  // 0 on a miss
-  const int attr = Attribute(first);
+  const int attr = NnbAttribute(first);
   const char* answer = nullptr;
   static const char kPluralPronoun[] = {1, 'P', 1, 'Y', 1, 0};
   static const char kNounSuffix[] = {1, 1, 'Y', 1, 0};
@@ -207,7 +210,7 @@ void NounDivider::DivideTwoSyllables(
     const uint32_t nextBits =
         dictionary->SearchMain(second, next, 2) != 0 ? next.info.bits : 0;
     const bool nextCounts =
-        HasTag(nextBits, Pos::NNB) && (Attribute(next) & (2 | 4)) != 0;
+        HasTag(nextBits, Pos::NNB) && (NnbAttribute(next) & (2 | 4)) != 0;
     if (HasTag(firstBits, Pos::NP) && Same2(second, DividerText::kPPun)) {
       answer = kPronounBound;
     } else if (HasTag(firstBits, Pos::NNG) && nextCounts) {

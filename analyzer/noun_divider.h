@@ -9,6 +9,7 @@
 #define QRLSL_ANALYZER_NOUN_DIVIDER_H_
 
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <vector>
 
@@ -83,6 +84,17 @@ struct DivRow {
   double score;
 };
 
+// The attribute of a bound noun's record: atoi of its nnbText, 0 without
+// one. A lone digit, the usual form, is read without the C library.
+inline int NnbAttribute(const SearchInfo& si) {
+  const char* t = si.nnbText;
+  if (t == nullptr) return 0;
+  if (t[0] >= '0' && t[0] <= '9' && !(t[1] >= '0' && t[1] <= '9')) {
+    return t[0] - '0';
+  }
+  return std::atoi(t);
+}
+
 // Value of a decimal code of piece lengths (last piece in the units), as a
 // base score; the table is sorted by code.
 struct LengthPattern {
@@ -129,6 +141,10 @@ class NounDivider {
   // hits from them, and the whole word's record is their last one when that
   // covers the word. Returns output, valid until the next call.
   const char* Divide(const char* word, int divideMode,
+                     const std::vector<SearchInfo>* startHits = nullptr);
+  // The same for a word whose length the caller knows: `length` bytes with
+  // no NUL among them and a NUL after (ignored when word is null).
+  const char* Divide(const char* word, int32_t length, int divideMode,
                      const std::vector<SearchInfo>* startHits = nullptr);
   // Score of the row that gave group k of the last output; 0.0 for none.
   double GetPatternScore(int k) const;

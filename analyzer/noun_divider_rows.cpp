@@ -238,7 +238,7 @@ void NounDivider::WeighElement(int k, int j, int32_t at, bool uCopy[kDivRows],
   }
   const SearchInfo& si = *record;
   const uint32_t bits = si.info.bits;
-  const int attr = si.nnbText != nullptr ? std::atoi(si.nnbText) : 0;
+  const int attr = NnbAttribute(si);
 
   if (at > 0 && HasTag(bits, Pos::NNB) && (attr & 2) != 0) {
     e.letter = 'B';
