@@ -102,17 +102,17 @@ int MAnalyzer::SetEojul(QR_Eojul* eojulObject) {
 void MAnalyzer::SetRawOutput() { rawOutput = true; }
 
 QR_Eojul* MAnalyzer::GetEojulInSentence(unsigned int index) {
-  if (index >= sentence.size()) return nullptr;
+  if (index >= sentenceCount) return nullptr;
   return &sentence[index];
 }
 
 int MAnalyzer::GetEojulCountInSentence() {
-  return static_cast<int>(sentence.size());
+  return static_cast<int>(sentenceCount);
 }
 
 int MAnalyzer::GetEojulOffsetInSentence(unsigned int index) {
   // Past the end is a caller's error; answer -1 rather than read outside.
-  if (index >= sentence.size()) return -1;
+  if (index >= sentenceCount) return -1;
   return sentence[index].GetOffset();
 }
 

@@ -361,12 +361,15 @@ class MAnalyzer : public QR_Analyzer {
   // division (the driver divides an unknown word twice) reads the divider's
   // state as that division left it.
   const char* DivideNoun(const char* text, int mode);
-  // A run refills sentence in place: KeepInSentence copies e over element
-  // sentenceCount (or appends it), and EndSentence drops the elements left
-  // over from a longer sentence. Their storage is reused, so that a warm
-  // analyzer allocates nothing per token.
-  void KeepInSentence(const Eojul& e);
-  void EndSentence();
+  // A run refills sentence in place: a kept token is analysed straight into
+  // element sentenceCount, which NextInSentence appends when needed and
+  // gives the settings of the current eojul; the result reads as the copy
+  // of an eojul analysed in the current one would. Elements past
+  // sentenceCount are storage for later runs, unseen by the readers, so
+  // that a warm analyzer allocates nothing per token. The tagger replaces
+  // the vector, so SetAsideUnused moves them to spareEojuls first.
+  Eojul& NextInSentence(const Eojul& current);
+  void SetAsideUnused();
   // Tests fill the pending tables through this.
   friend struct NounAnalysisProbe;
 
@@ -382,7 +385,7 @@ class MAnalyzer : public QR_Analyzer {
   Eojul remainderEojul;
   std::vector<Eojul> sentence;
   size_t sentenceCount = 0;  // elements of sentence that this run filled
-  // Eojuls dropped from earlier sentences, kept for their storage.
+  // Eojuls set aside before tagging, kept for their storage.
   std::vector<Eojul> spareEojuls;
   StringEx line;
   std::string scanBuffer;  // the scanner's token under construction

@@ -67,7 +67,9 @@ std::ostream& MAnalyzer::Output() { return streams.Out(); }
 
 void MAnalyzer::FlushToken(const char* token, uint32_t length, unsigned type,
                            int tokenStart) {
-  Eojul& e = *CurrentEojul();
+  Eojul& current = *CurrentEojul();
+  const bool keep = (exOption & ExOption::kKeepSentence) != 0;
+  Eojul& e = keep ? NextInSentence(current) : current;
   e.SetText(token, length, type);
   AnalyzeEojul(e, static_cast<int32_t>(length));
   ScoreAllCandidates(e);
@@ -83,24 +85,28 @@ void MAnalyzer::FlushToken(const char* token, uint32_t length, unsigned type,
       (exOption & ExOption::kTaggingMode) == 0) {
     e.Print(Output(), rawOutput);
   }
-  if ((exOption & ExOption::kKeepSentence) != 0) KeepInSentence(e);
-  e.Initialize(true);
-}
-
-void MAnalyzer::KeepInSentence(const Eojul& e) {
-  if (sentenceCount < sentence.size()) {
-    sentence[sentenceCount].BecomeCopyOf(e);
-  } else if (!spareEojuls.empty()) {
-    sentence.push_back(std::move(spareEojuls.back()));
-    spareEojuls.pop_back();
-    sentence.back().BecomeCopyOf(e);
-  } else {
-    sentence.push_back(e);
+  if (keep) {
+    e.ShowAsCopy();
+    ++sentenceCount;
   }
-  ++sentenceCount;
+  current.Initialize(true);
 }
 
-void MAnalyzer::EndSentence() {
+Eojul& MAnalyzer::NextInSentence(const Eojul& current) {
+  if (sentenceCount == sentence.size()) {
+    if (!spareEojuls.empty()) {
+      sentence.push_back(std::move(spareEojuls.back()));
+      spareEojuls.pop_back();
+    } else {
+      sentence.emplace_back();
+    }
+  }
+  Eojul& next = sentence[sentenceCount];
+  next.TakeSettingsOf(current);
+  return next;
+}
+
+void MAnalyzer::SetAsideUnused() {
   // Cleared first, an eojul moves as its blocks alone.
   while (sentence.size() > sentenceCount) {
     sentence.back().Initialize(true);
@@ -115,7 +121,6 @@ int MAnalyzer::RunWithString(const char* text) {
   line = text;
   sentenceCount = 0;
   ScanText(line.CStr(), line.Length());
-  EndSentence();
   return 1;
 }
 
@@ -127,13 +132,14 @@ int MAnalyzer::RunWithString(const char* text, const char* outputPath) {
 void MAnalyzer::RunLine() {
   sentenceCount = 0;
   ScanText(line.CStr(), line.Length());
-  EndSentence();
   if ((exOption & ExOption::kKeepSentence) != 0 &&
       (exOption & ExOption::kTaggingMode) != 0) {
     Tagging(0);
     // In tagging mode the tokens are printed once tagged.
     if ((exOption & ExOption::kPrint) != 0) {
-      for (Eojul& e : sentence) e.Print(Output(), rawOutput);
+      for (size_t i = 0; i < sentenceCount; ++i) {
+        sentence[i].Print(Output(), rawOutput);
+      }
     }
   }
 }
@@ -163,7 +169,9 @@ void MAnalyzer::Tagging(int mode) {
   // Messages of the tagger (a wrong mode, a faulty rule) go to standard
   // error; the knowledge is bound anew in case SetKnowledge changed it.
   tagger.Bind(Knowledge(), nullptr);
+  SetAsideUnused();
   tagger.Tagging(sentence, mode);
+  sentenceCount = sentence.size();
 }
 
 }  // namespace Quorel

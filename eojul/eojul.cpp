@@ -77,6 +77,14 @@ void Eojul::BecomeCopyOf(const Eojul& other) {
   numberPunctuation = false;
 }
 
+void Eojul::ShowAsCopy() {
+  AdoptCounts(*this);
+  sorted = false;
+  order.clear();
+  keepCase = false;
+  numberPunctuation = false;
+}
+
 void Eojul::CopyAttributes(const Eojul& other) {
   indexMask = other.indexMask;
   minForeignLength = other.minForeignLength;

@@ -107,6 +107,19 @@ class Eojul final : public QR_Eojul {
   // storage: a recycled Eojul allocates only beyond the blocks it holds.
   void BecomeCopyOf(const Eojul& other);
 
+  // For analysing in place what would otherwise be analysed elsewhere and
+  // copied: TakeSettingsOf gives this eojul the index mask, minima and case
+  // and punctuation switches of `other` (what analysis reads besides the
+  // text); ShowAsCopy then leaves it as the copy constructor would have made
+  // it of the result: all candidates in view, both switches off, the used
+  // ends zero-terminated.
+  void TakeSettingsOf(const Eojul& other) {
+    CopyAttributes(other);
+    keepCase = other.keepCase;
+    numberPunctuation = other.numberPunctuation;
+  }
+  void ShowAsCopy();
+
   // Initialize(true), then stores the surface and its type bits.
   void SetText(const char* surface, unsigned type);
   // The same for a surface of `length` bytes with no NUL among them:
