@@ -106,7 +106,7 @@ int Dictionary::LoadKnowledge(const char* path, bool fromCompiledFile,
 void Dictionary::IndexLookupTries() {
   for (QR_DaTrie* trie : {&mainTrie, &jeTrie, &xpTrie, &xsnTrie, &xsnxsnTrie,
                           &conjTrie, &preAnalTrie}) {
-    trie->IndexRootPairs();
+    trie->BuildReadIndexes();
   }
 }
 

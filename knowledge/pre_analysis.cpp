@@ -111,7 +111,7 @@ int Dictionary::LoadPreAnalysis(const char* path, const char* fileName,
   }
   std::fclose(in);
   // The inserts dropped the trie's root-pair index.
-  preAnalTrie.IndexRootPairs();
+  preAnalTrie.BuildReadIndexes();
   return 1;
 }
 

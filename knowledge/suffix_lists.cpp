@@ -99,7 +99,7 @@ SuffixList::SuffixList(Kind listKind, const SuffixEntry* rows,
     }
     QR_DaTrie::SetValue(node, row);
   }
-  trie.IndexRootPairs();
+  trie.BuildReadIndexes();
 }
 
 const SuffixEntry* SuffixList::GetEntry(int32_t row) const {

@@ -55,7 +55,7 @@ int QR_DaTrie::Create(int32_t bcSizeArg, int32_t tailSizeArg,
 }
 
 void QR_DaTrie::Clear() {
-  DropRootPairs();
+  DropReadIndexes();
   std::free(bc);
   std::free(tail);
   bc = nullptr;
@@ -66,13 +66,15 @@ void QR_DaTrie::Clear() {
   tailPos = 0;
 }
 
-void QR_DaTrie::DropRootPairs() {
+void QR_DaTrie::DropReadIndexes() {
   std::free(rootPairs);
   rootPairs = nullptr;
+  std::free(endBits);
+  endBits = nullptr;
 }
 
-void QR_DaTrie::IndexRootPairs() {
-  DropRootPairs();
+void QR_DaTrie::BuildReadIndexes() {
+  DropReadIndexes();
   if (bc == nullptr) return;
   auto* pairs =
       static_cast<int32_t*>(std::malloc(sizeof(int32_t) * kPairCount));
@@ -98,6 +100,22 @@ void QR_DaTrie::IndexRootPairs() {
     }
   }
   rootPairs = pairs;
+  BuildEndBits();
+}
+
+void QR_DaTrie::BuildEndBits() {
+  const size_t words = static_cast<size_t>(bcPos) / 64 + 1;
+  auto* bits = static_cast<uint64_t*>(std::calloc(words, sizeof(uint64_t)));
+  if (bits == nullptr) return;  // walks read the terminator cells
+  // The terminator cell lies within the 256 cells behind any base, which
+  // the cell array keeps room for; the test is the walks' own.
+  for (int32_t s = 1; s <= bcPos; ++s) {
+    const int32_t base = bc[s].base;
+    if (base < 0 || base > bcSize) continue;
+    const TrieCell& u = bc[kTrieEndCode + base];
+    if (u.check == s && u.base < 0) bits[s >> 6] |= uint64_t{1} << (s & 63);
+  }
+  endBits = bits;
 }
 
 void QR_DaTrie::SetValue(TrieNode& node, int32_t value) {
@@ -106,7 +124,7 @@ void QR_DaTrie::SetValue(TrieNode& node, int32_t value) {
 }
 
 int QR_DaTrie::Insert(const char* key, TrieNode& node) {
-  DropRootPairs();  // an insertion may move any cell
+  DropReadIndexes();  // an insertion may move any cell
   node.Reset();
   if (bc == nullptr) return 0;
 

@@ -90,14 +90,19 @@ class QR_DaTrie {
   inline void WalkPrefixes(const unsigned char* key, int32_t begin,
                            int32_t end, OnValue&& onValue) const;
 
-  // The root-pair index: for a first key byte of 0x80 or more (the lead
-  // byte of a CP949 character) and any second byte, the cursor state after
-  // both, so that a walk from the root takes its first two bytes in one
-  // step. Built on demand once the trie is filled; Create, Clear and Insert
-  // drop it, and whoever writes bc or tail directly must build it again.
-  void IndexRootPairs();
-  void DropRootPairs();  // walks go byte by byte again
-  bool HasRootPairs() const { return rootPairs != nullptr; }
+  // The read indexes, built on demand once the trie is filled; Create,
+  // Clear and Insert drop them, and whoever writes bc or tail directly must
+  // build them again. Lookups answer the same with or without them.
+  // - The root-pair index: for a first key byte of 0x80 or more (the lead
+  //   byte of a CP949 character) and any second byte, the cursor state after
+  //   both, so that a walk from the root takes its first two bytes in one
+  //   step.
+  // - The key-end bits: one bit per cell, set when a key ends at that state
+  //   (it has a terminator transition to a bare record), so that a walk
+  //   learns it without reading a second, distant cell.
+  void BuildReadIndexes();
+  void DropReadIndexes();  // walks go byte by byte again
+  bool HasReadIndexes() const { return rootPairs != nullptr && endBits != nullptr; }
   // From the root, walks c1 and then c2 as two Walk calls would: 1 when both
   // have their transition (node as after the second Walk), 0 when one has
   // none and no key ends after c1 (node unusable). -1 when the index can't
@@ -150,7 +155,12 @@ class QR_DaTrie {
   // reached by a transition, or a position in a tail), or null: what Walk
   // sets node.value to on arriving there. REQUIRES: bc not null.
   inline unsigned char* ValueAt(int32_t state) const;
+  // Whether a key ends at cell `state` (>= 1, with base >= 0), by the
+  // key-end bits when there are any, else by its terminator transition.
+  inline bool KeyEndsAt(const TrieCell* cells, int32_t state) const;
 
+  // Sets endBits from the cells (left null when memory runs out).
+  void BuildEndBits();
   // Position of the tail's ";" when the rest at leaf s equals key up to its
   // ";", else 0.
   int32_t CompareTail(int32_t s, const unsigned char* key) const;
@@ -189,6 +199,7 @@ class QR_DaTrie {
   unsigned char listUsedIndex[256] = {};
   unsigned char pList[3] = {};
   int32_t* rootPairs = nullptr;  // kPairCount entries, or null
+  uint64_t* endBits = nullptr;    // bit s of word s / 64: a key ends at s
 };
 
 inline int QR_DaTrie::Walk(unsigned char byte, TrieNode& node) const {
@@ -209,11 +220,7 @@ inline int QR_DaTrie::Walk(unsigned char byte, TrieNode& node) const {
   const int32_t base = bc[t].base;
   if (base >= 0) {
     node.state = t;
-    // A key that ends here has a terminator transition to a bare record.
-    const int32_t u = kTrieEndCode + base;
-    if (bc[u].check == t && bc[u].check >= 1 && bc[u].base < 0) {
-      node.value = tail - bc[u].base;
-    }
+    if (KeyEndsAt(bc, t)) node.value = tail - bc[kTrieEndCode + base].base;
   } else {
     node.state = base;
     unsigned char* p = tail - base;
@@ -248,9 +255,15 @@ inline unsigned char* QR_DaTrie::ValueAt(int32_t state) const {
     unsigned char* p = tail - state;
     return *p == kTrieEnd ? p + 1 : nullptr;
   }
+  return KeyEndsAt(bc, state) ? tail - bc[kTrieEndCode + bc[state].base].base
+                               : nullptr;
+}
+
+inline bool QR_DaTrie::KeyEndsAt(const TrieCell* cells, int32_t state) const {
+  if (endBits != nullptr) return ((endBits[state >> 6] >> (state & 63)) & 1) != 0;
   // A key that ends at a cell has a terminator transition to a bare record.
-  const TrieCell& u = bc[kTrieEndCode + bc[state].base];
-  return u.check == state && u.base < 0 ? tail - u.base : nullptr;
+  const TrieCell& u = cells[kTrieEndCode + cells[state].base];
+  return u.check == state && state >= 1 && u.base < 0;
 }
 
 inline int QR_DaTrie::WalkRootPair(unsigned char c1, unsigned char c2,
@@ -350,9 +363,8 @@ inline void QR_DaTrie::WalkPrefixes(const unsigned char* key, int32_t begin,
       const int32_t base = cells[t].base;
       if (base >= 0) {
         state = t;
-        const TrieCell& u = cells[kTrieEndCode + base];
-        if (u.check != t || t < 1 || u.base >= 0) continue;
-        value = rest - u.base;
+        if (!KeyEndsAt(cells, t)) continue;
+        value = rest - cells[kTrieEndCode + base].base;
       } else {
         state = base;
         unsigned char* p = rest - base;

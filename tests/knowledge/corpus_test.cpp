@@ -145,10 +145,10 @@ TEST(CorpusKnowledge, IndexedLookupsAnswerAsByteWalks) {
   ASSERT_EQ(1, indexed.LoadKnowledge(source.Path().c_str(), false, false));
   ASSERT_EQ(1, byBytes.LoadKnowledge(source.Path().c_str(), false, false));
   ::testing::internal::GetCapturedStderr();
-  ASSERT_TRUE(indexed.mainTrie.HasRootPairs());
-  ASSERT_TRUE(indexed.jeTrie.HasRootPairs());
+  ASSERT_TRUE(indexed.mainTrie.HasReadIndexes());
+  ASSERT_TRUE(indexed.jeTrie.HasReadIndexes());
   for (QR_DaTrie* trie : {&byBytes.mainTrie, &byBytes.jeTrie, &byBytes.xsnTrie}) {
-    trie->DropRootPairs();
+    trie->DropReadIndexes();
   }
   size_t compared = 0;
   for (const std::string& eojul : CollectEojuls()) {

@@ -204,7 +204,7 @@ TEST_F(UserNounTest, UserWordsTakeOverFromTheSystemsNouns) {
   EXPECT_EQ(0, dict.SearchMain("xyz", si));
   // The inserts dropped the root-pair index; the load builds it again, and
   // the indexed walk finds the user's words.
-  EXPECT_TRUE(dict.mainTrie.HasRootPairs());
+  EXPECT_TRUE(dict.mainTrie.HasReadIndexes());
   EXPECT_EQ(1, dict.SearchMain(Cp949("학교").c_str(), si));
   EXPECT_EQ(Pos::NNU, si.info.bits);
 }

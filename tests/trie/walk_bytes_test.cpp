@@ -1,7 +1,7 @@
 // WalkBytes, ValueOf and WalkPrefixes against Walk byte by byte: the same
 // cursor and values for every prefix of keys, near-keys and strangers, over
 // cell and tail paths, with lengths that stop early or run into a NUL; over
-// ASCII keys and over double-byte keys with and without the root-pair index.
+// ASCII keys and over double-byte keys with and without the read indexes.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -55,7 +55,7 @@ std::string DoubleByteKey(std::mt19937& random) {
 
 struct WalkCase {
   std::string (*makeKey)(std::mt19937&);
-  bool indexed;  // with the root-pair index
+  bool indexed;  // with the read indexes
 };
 
 class WalkBytesTest : public ::testing::TestWithParam<WalkCase> {
@@ -68,8 +68,8 @@ class WalkBytesTest : public ::testing::TestWithParam<WalkCase> {
       keys.push_back(key);
       InsertValue(trie, key, i + 1);
     }
-    if (GetParam().indexed) trie.IndexRootPairs();
-    ASSERT_EQ(GetParam().indexed, trie.HasRootPairs());
+    if (GetParam().indexed) trie.BuildReadIndexes();
+    ASSERT_EQ(GetParam().indexed, trie.HasReadIndexes());
   }
 
   void ExpectSame(const std::string& key, int32_t len) {
@@ -216,26 +216,91 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(WalkCase{LetterKey, false}, WalkCase{DoubleByteKey, false},
                       WalkCase{DoubleByteKey, true}));
 
-TEST(RootPairs, InsertDropsTheIndexAndLookupsStayRight) {
+TEST(ReadIndexes, InsertDropsThemAndLookupsStayRight) {
   QR_DaTrie trie;
   ASSERT_EQ(0, trie.Create(1024, 1024, 1024, 1024));
   InsertValue(trie, "\xB0\xA1\xB0\xA2", 1);
-  trie.IndexRootPairs();
-  ASSERT_TRUE(trie.HasRootPairs());
+  trie.BuildReadIndexes();
+  ASSERT_TRUE(trie.HasReadIndexes());
   InsertValue(trie, "\xB0\xA1\xB1", 2);  // splits the first key's tail
-  EXPECT_FALSE(trie.HasRootPairs());
+  EXPECT_FALSE(trie.HasReadIndexes());
   int32_t length = 0;
   const unsigned char* value = trie.ValueOf(
       reinterpret_cast<const unsigned char*>("\xB0\xA1\xB1"), 3, length);
   ASSERT_NE(nullptr, value);
   EXPECT_EQ(2, value[0]);
-  trie.IndexRootPairs();
+  trie.BuildReadIndexes();
   value = trie.ValueOf(reinterpret_cast<const unsigned char*>("\xB0\xA1\xB0\xA2"),
                        4, length);
   ASSERT_NE(nullptr, value);
   EXPECT_EQ(1, value[0]);
   trie.Clear();
-  EXPECT_FALSE(trie.HasRootPairs());
+  EXPECT_FALSE(trie.HasReadIndexes());
+}
+
+// The read indexes change no answer: every prefix of keys and near-keys
+// walks to the same states and values, byte by byte and whole, in a trie
+// with them as in its twin without.
+TEST(ReadIndexes, EveryWalkAnswersAsWithout) {
+  for (auto makeKey : {LetterKey, DoubleByteKey}) {
+    QR_DaTrie indexed;
+    QR_DaTrie plain;
+    ASSERT_EQ(0, indexed.Create(1024, 1024, 1024, 1024));
+    ASSERT_EQ(0, plain.Create(1024, 1024, 1024, 1024));
+    std::mt19937 random(11);
+    std::vector<std::string> keys;
+    for (int i = 0; i < 600; ++i) {
+      keys.push_back(makeKey(random));
+      InsertValue(indexed, keys.back(), i + 1);
+      InsertValue(plain, keys.back(), i + 1);
+    }
+    indexed.BuildReadIndexes();
+    ASSERT_TRUE(indexed.HasReadIndexes());
+    ASSERT_FALSE(plain.HasReadIndexes());
+    size_t ends = 0;
+    for (const std::string& key : keys) {
+      for (const std::string& probe : {key, key + "b", key + "\xB0\xA1"}) {
+        TrieNode a;
+        TrieNode b;
+        for (size_t i = 0; i < probe.size(); ++i) {
+          const unsigned char c = static_cast<unsigned char>(probe[i]);
+          const int walkedA = indexed.Walk(c, a);
+          ASSERT_EQ(plain.Walk(c, b), walkedA) << probe << " at " << i;
+          if (walkedA == 0) break;
+          ASSERT_EQ(b.state, a.state) << probe << " at " << i;
+          ASSERT_EQ(b.value != nullptr, a.value != nullptr) << probe << " at " << i;
+          if (a.value == nullptr) continue;
+          ++ends;
+          EXPECT_EQ(QR_DaTrie::GetValue(b), QR_DaTrie::GetValue(a));
+        }
+        const auto* bytes = reinterpret_cast<const unsigned char*>(probe.data());
+        const int32_t n = static_cast<int32_t>(probe.size());
+        int32_t lengthA = 0;
+        int32_t lengthB = 0;
+        const unsigned char* valueA = indexed.ValueOf(bytes, n, lengthA);
+        const unsigned char* valueB = plain.ValueOf(bytes, n, lengthB);
+        ASSERT_EQ(valueB != nullptr, valueA != nullptr) << probe;
+        if (valueA != nullptr) {
+          EXPECT_EQ(0, std::memcmp(valueA, valueB, 4)) << probe;
+        }
+        std::vector<std::pair<int32_t, int32_t>> hitsA;
+        std::vector<std::pair<int32_t, int32_t>> hitsB;
+        auto collect = [](std::vector<std::pair<int32_t, int32_t>>& hits) {
+          return [&hits](int32_t i, const unsigned char* value) {
+            int32_t v;
+            std::memcpy(&v, value, sizeof v);
+            hits.emplace_back(i, v);
+            return true;
+          };
+        };
+        indexed.WalkPrefixes<1, true>(bytes, 0, n, collect(hitsA));
+        plain.WalkPrefixes<1, true>(bytes, 0, n, collect(hitsB));
+        EXPECT_EQ(hitsB, hitsA) << probe;
+      }
+    }
+    // Keys that are prefixes of longer keys end at cells, not only in tails.
+    EXPECT_GT(ends, keys.size());
+  }
 }
 
 TEST(WalkPrefixesEmpty, ATrieNeverCreatedHasNoHits) {
