@@ -85,11 +85,15 @@ void MAnalyzer::FlushToken(const char* token, uint32_t length, unsigned type,
       (exOption & ExOption::kTaggingMode) == 0) {
     e.Print(Output(), rawOutput);
   }
-  if (keep) {
-    e.ShowAsCopy();
-    ++sentenceCount;
+  if (!keep) {
+    e.Initialize(true);
+    return;
   }
-  current.Initialize(true);
+  e.ShowAsCopy();
+  // The current eojul ends a run cleared, as when it holds each token; here
+  // it holds none, so once is enough.
+  if (sentenceCount == 0) current.Initialize(true);
+  ++sentenceCount;
 }
 
 Eojul& MAnalyzer::NextInSentence(const Eojul& current) {

@@ -78,7 +78,7 @@ void Eojul::BecomeCopyOf(const Eojul& other) {
 }
 
 void Eojul::ShowAsCopy() {
-  AdoptCounts(*this);
+  TerminateUsed();
   sorted = false;
   order.clear();
   keepCase = false;
@@ -228,14 +228,18 @@ void Eojul::CopyFrom(const Eojul& other) {
 }
 
 void Eojul::AdoptCounts(const Eojul& other) {
-  if (other.textUsed == 0) text[0] = 0;
   textUsed = other.textUsed;
   morphemeUsed = other.morphemeUsed;
   candidatePos = other.candidatePos;
   scorePos = other.scorePos;
   offsetCount = other.offsetCount;
   offset = other.offset;
-  // Zero-terminate at the used ends; an empty source still reads as empty.
+  TerminateUsed();
+}
+
+void Eojul::TerminateUsed() {
+  // Zero-terminate at the used ends; an empty eojul still reads as empty.
+  if (textUsed == 0) text[0] = 0;
   if (morphemeUsed < 2) morphemes[0] = morphemes[1] = 0;
   morphemes[morphemeUsed] = 0;
   candidates[candidatePos] = 0;

@@ -299,6 +299,8 @@ class Eojul final : public QR_Eojul {
   // The used counts, offset and end marks of other, whose used parts are
   // already in our arrays.
   void AdoptCounts(const Eojul& other);
+  // Zeroes the entries just past the used parts, which readers take as ends.
+  void TerminateUsed();
   void AddSurfaceOf(const Eojul& source, unsigned pos);
 
   char inlineText[kInlineCapacity];
