@@ -71,7 +71,19 @@ void MAnalyzer::ScanText(const char* text, int length) {
     unsigned char c = at(i);
     unsigned char d = at(i + 1);
     bool hasNext = i + 1 < length;
-    if (IsHanja(c, d) && hasNext) {
+    if (c >= 0xB0 && c <= 0xC8 && hasNext) {
+      // A run of Hangul syllables, the bulk of a Korean text: no Hanja and
+      // no symbol row, so each pair is double-byte text as below.
+      do {
+        s.position += width;
+        store(c);
+        store(d);
+        i += 2;
+        c = at(i);
+        d = at(i + 1);
+      } while (c >= 0xB0 && c <= 0xC8 && i + 1 < length);
+      s.type |= EojulType::kDoubleByte;
+    } else if (IsHanja(c, d) && hasNext) {
       s.position += width;
       store(c);
       store(d);

@@ -130,6 +130,34 @@ TEST_F(ScannerTest, HalfCharacterAtTheEnd) {
   EXPECT_EQ(Texts("a \xA1"), (Words{"a"}));
 }
 
+// Runs of Hangul syllables meeting the other classes inside one token.
+TEST_F(ScannerTest, HangulRunsMeetOtherCharacters) {
+  // 가나 then the jamo ㄱ: one token, with the jamo's inner-symbol bit.
+  std::vector<Token> tokens = Scan("\xB0\xA1\xB3\xAA\xA4\xA1");
+  ASSERT_EQ(tokens.size(), 1u);
+  EXPECT_EQ(tokens[0].text, "\xB0\xA1\xB3\xAA\xA4\xA1");
+  EXPECT_EQ(tokens[0].type, EojulType::kDoubleByte | EojulType::kInnerSymbol);
+  // 가 then the Hanja 家 (read 가) then 나.
+  tokens = Scan("\xB0\xA1\xCA\xA1\xB3\xAA");
+  ASSERT_EQ(tokens.size(), 1u);
+  EXPECT_EQ(tokens[0].text, "\xB0\xA1\xB0\xA1\xB3\xAA");
+  // Latin and digits join the Hangul token and add their bits.
+  tokens = Scan("\xB0\xA1" "a1" "\xB3\xAA");
+  ASSERT_EQ(tokens.size(), 1u);
+  EXPECT_EQ(tokens[0].type,
+            EojulType::kDoubleByte | EojulType::kLatin | EojulType::kDigit);
+  // The last syllable lead (0xC8) and the first lead after it (0xC9).
+  tokens = Scan("\xC8\xFE\xC9\xA1 \xC8\xFE");
+  ASSERT_EQ(tokens.size(), 2u);
+  EXPECT_EQ(tokens[0].text, "\xC8\xFE\xC9\xA1");
+  EXPECT_EQ(tokens[0].type, EojulType::kDoubleByte);
+  EXPECT_EQ(tokens[1].offset, 5);
+  // A syllable cut in half after a run, and a run closed by a period.
+  EXPECT_EQ(Scan("\xB0\xA1\xB3\xAA\xB0")[0].type,
+            EojulType::kDoubleByte | EojulType::kHalfChar);
+  EXPECT_EQ(Texts("\xB0\xA1\xB3\xAA."), (Words{"\xB0\xA1\xB3\xAA", "."}));
+}
+
 TEST_F(ScannerTest, OffsetsInBytesOrCharacters) {
   std::vector<Token> tokens = Scan("\xB0\xA1 \xB3\xAA");  // 가 나
   ASSERT_EQ(tokens.size(), 2u);
