@@ -115,6 +115,12 @@ int MAnalyzer::AnalyzeEojul(Eojul& e, int32_t len) {
     return 1;
   }
 
+  // The dictionary search of step 5 starts loading while step 3 runs.
+  if (dictionary != nullptr && len >= 2) {
+    const char* s = e.GetString();
+    dictionary->mainTrie.PrefetchRootPair(static_cast<unsigned char>(s[0]),
+                                          static_cast<unsigned char>(s[1]));
+  }
   // 3. Pre-analysis, unless raw output asks for the real analysis.
   analysisLength = len;
   if (!sub && !rawOutput && ReadPreAnalysis(e, len)) {

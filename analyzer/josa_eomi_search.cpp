@@ -79,6 +79,11 @@ int MAnalyzer::SearchSplitsOf(const char* text, int32_t wordLen, bool rePass) {
   // writes its reserved field, so it reads as a fresh one would.
   SearchJEInfo sjeiT;
   for (int32_t pos = 2; pos < wordLen; pos += 2) {
+    // The next boundary's search starts loading while this one runs.
+    if (pos + 3 < wordLen) {
+      dictionary->jeTrie.PrefetchRootPair(static_cast<unsigned char>(text[pos + 2]),
+                                          static_cast<unsigned char>(text[pos + 3]));
+    }
     if (dictionary->SearchJE(text + pos, sjeiT, wordLen - pos) <= 0) continue;
 
     if (pos + sjeiT.length < wordLen) {

@@ -141,6 +141,10 @@ void NounDivider::CollectHits(const std::vector<SearchInfo>* startHits) {
         }
       }
     } else {
+      if (off + 5 <= wordLength) {
+        dictionary->mainTrie.PrefetchRootPair(static_cast<unsigned char>(w[off + 2]),
+                                              static_cast<unsigned char>(w[off + 3]));
+      }
       dictionary->SearchAll(w, hits, wordLength, off, 1, 0, 0, 0);
     }
     if (hits.size() >= static_cast<size_t>(kMaxDivHits)) break;

@@ -103,6 +103,14 @@ class QR_DaTrie {
   void BuildReadIndexes();
   void DropReadIndexes();  // walks go byte by byte again
   bool HasReadIndexes() const { return rootPairs != nullptr && endBits != nullptr; }
+  // Starts loading the root-pair entry of a walk about to begin with c1, c2.
+  void PrefetchRootPair(unsigned char c1, unsigned char c2) const {
+#if defined(__GNUC__)
+    if (rootPairs != nullptr && c1 >= kPairFirst) {
+      __builtin_prefetch(rootPairs + ((c1 - kPairFirst) << 8 | c2));
+    }
+#endif
+  }
   // From the root, walks c1 and then c2 as two Walk calls would: 1 when both
   // have their transition (node as after the second Walk), 0 when one has
   // none and no key ends after c1 (node unusable). -1 when the index can't
