@@ -126,7 +126,7 @@ class Dictionary : public QR_Knowledge {
   int GetPosFreq(const spr::stdstyle::string<char>& key, PosInfoRec& rec,
                  int32_t len = 0) const;
 
-  // Builds the root-pair index of the tries that the analyzers look up
+  // Builds the read indexes of the tries that the analyzers look up
   // most; LoadKnowledge does it at its end, and the loaders that insert
   // later (user nouns, pre-analyses) again. After an Insert the lookups stay
   // right but walk byte by byte until it is called again.

@@ -110,15 +110,15 @@ int Dictionary::LoadPreAnalysis(const char* path, const char* fileName,
     }
   }
   std::fclose(in);
-  // The inserts dropped the trie's root-pair index.
+  // The inserts dropped the trie's read indexes.
   preAnalTrie.BuildReadIndexes();
   return 1;
 }
 
 int Dictionary::LoadUserNoun(const char* path, const char* fileName, bool) {
   int result = LoadMainDic(JoinPath(path, fileName, false).c_str(), "NNU");
-  // Inserting dropped the main trie's root-pair index; lookups stay right
-  // without it but walk byte by byte, so it is built again.
+  // Inserting dropped the main trie's read indexes; lookups stay right
+  // without them but walk byte by byte, so they are built again.
   IndexLookupTries();
   return result < 0 ? 0 : 1;
 }

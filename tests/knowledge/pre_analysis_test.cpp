@@ -202,7 +202,7 @@ TEST_F(UserNounTest, UserWordsTakeOverFromTheSystemsNouns) {
   EXPECT_STREQ("3", si.nnuText);
   EXPECT_EQ(0, dict.SearchMain("ABC", si));
   EXPECT_EQ(0, dict.SearchMain("xyz", si));
-  // The inserts dropped the root-pair index; the load builds it again, and
+  // The inserts dropped the read indexes; the load builds them again, and
   // the indexed walk finds the user's words.
   EXPECT_TRUE(dict.mainTrie.HasReadIndexes());
   EXPECT_EQ(1, dict.SearchMain(Cp949("학교").c_str(), si));
