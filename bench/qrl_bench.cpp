@@ -11,7 +11,11 @@
 //
 // Usage: qrl_bench [--knowledge DIR] [--corpus DIR] [--mb N] [--threads N]
 //                  [--passes N]
+//        qrl_bench --counted-pass --knowledge DIR [--corpus DIR]
 // Without a corpus the throughput and allocation figures are skipped.
+// --counted-pass prints no figure: after a warm-up it analyses the corpus
+// text once (not repeated, the sentence kept) inside CountedPass, for an
+// instruction counter to measure (scripts/count_instructions.sh).
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -40,11 +44,16 @@ struct Settings {
   double megabytes = 10;
   unsigned threads = std::max(2u, std::thread::hardware_concurrency());
   int passes = 3;  // timed passes per figure; the fastest counts
+  bool countedPass = false;
 };
 
 bool Parse(int argc, char** argv, Settings& settings) {
   for (int i = 1; i < argc; ++i) {
     std::string arg = argv[i];
+    if (arg == "--counted-pass") {
+      settings.countedPass = true;
+      continue;
+    }
     if (i + 1 >= argc) return false;
     std::string value = argv[++i];
     if (arg == "--knowledge") {
@@ -242,14 +251,43 @@ void Throughput(const Settings& settings, Quorel::QR_Knowledge* knowledge,
 
 }  // namespace
 
+// The pass that scripts/count_instructions.sh counts; the name is its
+// marker, so it is never inlined.
+__attribute__((noinline)) PassResult CountedPass(qrlbench::Worker& worker,
+                                                 const qrlbench::CorpusText& text) {
+  return worker.Run(text.lines, text.lines.size(), Work::kAnalysis);
+}
+
+int RunCountedPass(const Settings& settings) {
+  if (settings.knowledge.empty()) {
+    std::fprintf(stderr, "qrl_bench: --counted-pass needs --knowledge\n");
+    return 2;
+  }
+  qrlbench::CorpusText text;
+  if (!qrlbench::ReadCorpus(settings.corpus, text)) {
+    std::fprintf(stderr, "qrl_bench: no corpus at %s\n", settings.corpus.c_str());
+    return 2;
+  }
+  std::unique_ptr<Quorel::QR_Knowledge> knowledge(Quorel::CreateKnowledge(false));
+  knowledge->LoadKnowledge(settings.knowledge.c_str(), true, true);
+  qrlbench::Worker worker(knowledge.get(), 1);
+  worker.Run(text.lines, text.lines.size(), Work::kAnalysis);
+  const PassResult pass = CountedPass(worker, text);
+  std::printf("counted pass: %llu eojuls, %.2f MB of text\n",
+              static_cast<unsigned long long>(pass.eojuls), pass.bytes / 1e6);
+  return 0;
+}
+
 int main(int argc, char** argv) {
   Settings settings;
   if (!Parse(argc, argv, settings)) {
     std::fprintf(stderr,
                  "usage: qrl_bench [--knowledge DIR] [--corpus DIR] [--mb N] "
-                 "[--threads N] [--passes N]\n");
+                 "[--threads N] [--passes N]\n"
+                 "       qrl_bench --counted-pass --knowledge DIR [--corpus DIR]\n");
     return 2;
   }
+  if (settings.countedPass) return RunCountedPass(settings);
   char pattern[] = "/tmp/qrl-bench-XXXXXX";
   if (mkdtemp(pattern) == nullptr) return 1;
   const fs::path scratch = pattern;
