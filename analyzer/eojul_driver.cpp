@@ -117,9 +117,7 @@ int MAnalyzer::AnalyzeEojul(Eojul& e, int32_t len) {
 
   // The dictionary search of step 5 starts loading while step 3 runs.
   if (dictionary != nullptr && len >= 2) {
-    const char* s = e.GetString();
-    dictionary->mainTrie.PrefetchRootPair(static_cast<unsigned char>(s[0]),
-                                          static_cast<unsigned char>(s[1]));
+    dictionary->mainTrie.PrefetchRootPair(e.GetString());
   }
   // 3. Pre-analysis, unless raw output asks for the real analysis.
   analysisLength = len;

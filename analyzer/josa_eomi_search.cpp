@@ -80,10 +80,7 @@ int MAnalyzer::SearchSplitsOf(const char* text, int32_t wordLen, bool rePass) {
   SearchJEInfo sjeiT;
   for (int32_t pos = 2; pos < wordLen; pos += 2) {
     // The next boundary's search starts loading while this one runs.
-    if (pos + 3 < wordLen) {
-      dictionary->jeTrie.PrefetchRootPair(static_cast<unsigned char>(text[pos + 2]),
-                                          static_cast<unsigned char>(text[pos + 3]));
-    }
+    if (pos + 3 < wordLen) dictionary->jeTrie.PrefetchRootPair(text + pos + 2);
     if (dictionary->SearchJE(text + pos, sjeiT, wordLen - pos) <= 0) continue;
 
     if (pos + sjeiT.length < wordLen) {

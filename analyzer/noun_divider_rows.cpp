@@ -141,10 +141,7 @@ void NounDivider::CollectHits(const std::vector<SearchInfo>* startHits) {
         }
       }
     } else {
-      if (off + 5 <= wordLength) {
-        dictionary->mainTrie.PrefetchRootPair(static_cast<unsigned char>(w[off + 2]),
-                                              static_cast<unsigned char>(w[off + 3]));
-      }
+      if (off + 5 <= wordLength) dictionary->mainTrie.PrefetchRootPair(w + off + 2);
       dictionary->SearchAll(w, hits, wordLength, off, 1, 0, 0, 0);
     }
     if (hits.size() >= static_cast<size_t>(kMaxDivHits)) break;

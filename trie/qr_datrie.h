@@ -103,12 +103,17 @@ class QR_DaTrie {
   void BuildReadIndexes();
   void DropReadIndexes();  // walks go byte by byte again
   bool HasReadIndexes() const { return rootPairs != nullptr && endBits != nullptr; }
-  // Starts loading the root-pair entry of a walk about to begin with c1, c2.
-  void PrefetchRootPair(unsigned char c1, unsigned char c2) const {
+  // Starts loading the root-pair entry of a walk about to begin with the
+  // two bytes at key.
+  void PrefetchRootPair(const char* key) const {
 #if defined(__GNUC__)
+    const auto c1 = static_cast<unsigned char>(key[0]);
+    const auto c2 = static_cast<unsigned char>(key[1]);
     if (rootPairs != nullptr && c1 >= kPairFirst) {
       __builtin_prefetch(rootPairs + ((c1 - kPairFirst) << 8 | c2));
     }
+#else
+    (void)key;
 #endif
   }
   // From the root, walks c1 and then c2 as two Walk calls would: 1 when both
