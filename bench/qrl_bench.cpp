@@ -2,7 +2,8 @@
 //
 //   start-up     loading the compiled knowledge, and building it from the
 //                source dictionaries
-//   throughput   analysis, analysis + tagging, and the same on several
+//   throughput   analysis, analysis + tagging, analysis with the thread
+//                kept on each CPU in turn, and the same on several
 //                threads sharing one knowledge object, on the corpus text
 //                repeated to a size, after a warm-up; each beside the floor
 //                (the scanner: conversion and token cutting with empty
@@ -30,6 +31,7 @@
 #include <thread>
 
 #include "bench/corpus_text.h"
+#include "bench/cpu_affinity.h"
 #include "bench/passes.h"
 
 namespace {
@@ -224,6 +226,29 @@ void Throughput(const Settings& settings, Quorel::QR_Knowledge* knowledge,
   PrintRate("analysis", analysis, &floor);
   PrintRate("analysis + tagging, mode 0", measure(knowledge, 1, Work::kTagging0), &floor);
   PrintRate("analysis + tagging, mode 1", measure(knowledge, 1, Work::kTagging1), &floor);
+
+  // Analysis and its floor with the thread kept on each CPU in turn: on a
+  // shared machine one CPU can be markedly slower than another, and a
+  // single-thread run gets whichever the scheduler gives it.
+  constexpr size_t kMaxCpusMeasured = 4;
+  const std::vector<int> cpus = qrlbench::AllowedCpus();
+  if (cpus.size() > 1) {
+    std::printf("\nthroughput, one thread kept on one CPU (fastest of %d)", settings.passes);
+    if (cpus.size() > kMaxCpusMeasured) {
+      std::printf(", the first %zu of %zu CPUs", kMaxCpusMeasured, cpus.size());
+    }
+    std::printf("\n");
+    for (size_t c = 0; c < cpus.size() && c < kMaxCpusMeasured; ++c) {
+      qrlbench::PinnedTo pin(cpus[c]);
+      if (!pin.pinned()) {
+        std::printf("  cpu %d: can't be taken\n", cpus[c]);
+        continue;
+      }
+      const PassResult cpuFloor = measure(empty.get(), 1, Work::kAnalysis);
+      const std::string label = "cpu " + std::to_string(cpus[c]) + ": analysis";
+      PrintRate(label.c_str(), measure(knowledge, 1, Work::kAnalysis), &cpuFloor);
+    }
+  }
 
   std::printf("\nthroughput, %u threads sharing one knowledge object (totals)\n",
               settings.threads);
