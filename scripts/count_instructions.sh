@@ -7,6 +7,11 @@
 # without profile guidance (RelWithDebInfo) in build-count; the callgrind
 # file is kept there for callgrind_annotate. Run on demand, never by the
 # test suite.
+# With BRANCHES=1 callgrind also simulates a branch predictor and prints the
+# conditional and indirect branches and their mispredictions: a simple
+# predictor, far weaker than the processor's, but the lines it finds
+# mispredicting most (callgrind_annotate --show=Bcm,Bc --sort=Bcm) are the
+# data-dependent decisions, and those bound the analysis rate.
 # Usage: scripts/count_instructions.sh [KNOWLEDGE_DIR]
 #   (default knowledge: build/knowledge, which scripts/setup.sh builds)
 #   (default build dir: build-count; set BUILD=dir to change it)
@@ -37,9 +42,11 @@ cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DQRLSL_PGO= \
   -DQRLSL_BUILD_BENCHMARKS=ON -DQRLSL_BUILD_TESTS=OFF >/dev/null
 cmake --build "$build" -j"$(nproc)" --target qrl_bench >/dev/null
 out=$build/callgrind.out
-valgrind --tool=callgrind --toggle-collect='CountedPass*' \
+branches=()
+[ "${BRANCHES:-0}" = 1 ] && branches=(--branch-sim=yes)
+valgrind --tool=callgrind "${branches[@]}" --toggle-collect='CountedPass*' \
   --callgrind-out-file="$out" \
   "$build/bench/qrl_bench" --counted-pass --knowledge "$knowledge" \
-  --corpus "$corpus" 2>&1 | grep -E "counted pass|I +refs" |
+  --corpus "$corpus" 2>&1 | grep -E "counted pass|I +refs|Branches|Mispred" |
   sed 's/^==[0-9]*== *//'
 echo "profile: $out (callgrind_annotate $out)"
