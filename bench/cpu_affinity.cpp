@@ -14,17 +14,17 @@ std::vector<int> AllowedCpus() {
 }
 
 PinnedTo::PinnedTo(int cpu) {
-  CPU_ZERO(&before_);
-  saved_ = sched_getaffinity(0, sizeof before_, &before_) == 0;
-  if (!saved_ || cpu < 0 || cpu >= CPU_SETSIZE) return;
+  CPU_ZERO(&previousMask);
+  saved = sched_getaffinity(0, sizeof previousMask, &previousMask) == 0;
+  if (!saved || cpu < 0 || cpu >= CPU_SETSIZE) return;
   cpu_set_t one;
   CPU_ZERO(&one);
   CPU_SET(cpu, &one);
-  pinned_ = sched_setaffinity(0, sizeof one, &one) == 0;
+  pinned = sched_setaffinity(0, sizeof one, &one) == 0;
 }
 
 PinnedTo::~PinnedTo() {
-  if (saved_ && pinned_) sched_setaffinity(0, sizeof before_, &before_);
+  if (saved && pinned) sched_setaffinity(0, sizeof previousMask, &previousMask);
 }
 
 }  // namespace qrlbench

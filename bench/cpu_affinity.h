@@ -16,19 +16,19 @@ namespace qrlbench {
 std::vector<int> AllowedCpus();
 
 // Keeps the calling thread on `cpu` while it lives, then gives it back the
-// mask it had. pinned() is false when the CPU could not be taken.
+// mask it had. Pinned() is false when the CPU could not be taken.
 class PinnedTo {
  public:
   explicit PinnedTo(int cpu);
   ~PinnedTo();
   PinnedTo(const PinnedTo&) = delete;
   PinnedTo& operator=(const PinnedTo&) = delete;
-  bool pinned() const { return pinned_; }
+  bool Pinned() const { return pinned; }
 
  private:
-  cpu_set_t before_;
-  bool saved_ = false;
-  bool pinned_ = false;
+  cpu_set_t previousMask;
+  bool saved = false;
+  bool pinned = false;
 };
 
 }  // namespace qrlbench

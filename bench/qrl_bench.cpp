@@ -240,7 +240,7 @@ void Throughput(const Settings& settings, Quorel::QR_Knowledge* knowledge,
     std::printf("\n");
     for (size_t c = 0; c < cpus.size() && c < kMaxCpusMeasured; ++c) {
       qrlbench::PinnedTo pin(cpus[c]);
-      if (!pin.pinned()) {
+      if (!pin.Pinned()) {
         std::printf("  cpu %d: can't be taken\n", cpus[c]);
         continue;
       }
