@@ -134,7 +134,7 @@ int MAnalyzer::ContractedHa(Eojul& e, HaContraction variant) {
   if ((status & RouteStatus::kCandidate) != 0) {
     foundMask |= Pos::N_ | Pos::XSD;
     compoundState = 1;
-    scoreFlow = 0;
+    ResetScoreFlow();
     const int newest = static_cast<int>(e.StoredCount()) - 1;
     e.SetScoreAt(newest, Score(newest, e) * kContractedFactor);
   }

@@ -79,6 +79,7 @@ void MAnalyzer::Initialise() {
   exOption = 0;
   rawOutput = false;
   compoundAnalyzer.Bind(Knowledge());
+  tokenMemo.Forget();
   if (eojul != nullptr) CurrentEojul()->indexMask = kDefaultIndexMask;
   for (signed char& option : options) option = 0;
   SetOption(0, 0);
@@ -87,6 +88,7 @@ void MAnalyzer::Initialise() {
 void MAnalyzer::SetKnowledge(QR_Knowledge* knowledgeObject) {
   knowledge = knowledgeObject;
   compoundAnalyzer.Bind(Knowledge());
+  tokenMemo.Forget();
 }
 
 int MAnalyzer::SetEojul(QR_Eojul* eojulObject) {
@@ -99,7 +101,10 @@ int MAnalyzer::SetEojul(QR_Eojul* eojulObject) {
   return 1;
 }
 
-void MAnalyzer::SetRawOutput() { rawOutput = true; }
+void MAnalyzer::SetRawOutput() {
+  rawOutput = true;
+  tokenMemo.Forget();
+}
 
 QR_Eojul* MAnalyzer::GetEojulInSentence(unsigned int index) {
   if (index >= sentenceCount) return nullptr;

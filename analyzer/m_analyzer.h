@@ -15,6 +15,7 @@
 
 #include "analyzer/eojul_pool.h"
 #include "analyzer/noun_divider.h"
+#include "analyzer/token_memo.h"
 #include "eojul/eojul.h"
 #include "eojul/text_stream.h"
 #include "tagger/post_passes.h"
@@ -190,6 +191,8 @@ class MAnalyzer : public QR_Analyzer {
   double Score(int candidateIndex, Eojul& e);
   // Scores every unscored candidate of `e`; 0 when it has none, else 1.
   int ScoreAllCandidates(Eojul& e);
+  // scoreFlow = 0 within a token, noted in flowUse.
+  void ResetScoreFlow();
 
   // ---- Read access for tests and later passes ----
   const std::vector<SearchJEInfo>& JeCandidates() const { return jeCandidates; }
@@ -209,6 +212,10 @@ class MAnalyzer : public QR_Analyzer {
   // closed by the scanner.
   void FlushToken(const char* token, uint32_t length, unsigned type,
                   int tokenStart);
+  // The memo of the scan's analyses (for tests and figures), and its
+  // switch: on unless turned off here; off, every token is analysed.
+  const TokenMemo& Memo() const { return tokenMemo; }
+  void UseTokenMemo(bool on) { tokenMemoOn = on; }
 
  private:
   // ---- Predicate analysis (AnalyzeWhole and the sound-change handlers):
@@ -369,6 +376,11 @@ class MAnalyzer : public QR_Analyzer {
   // that a warm analyzer allocates nothing per token. The tagger replaces
   // the vector, so SetAsideUnused moves them to spareEojuls first.
   Eojul& NextInSentence(const Eojul& current);
+  // AnalyzeEojul and ScoreAllCandidates of a scanned token in `e`, or what
+  // they made of the same token before, from tokenMemo. `settings` is the
+  // eojul whose switches the analysis reads.
+  void AnalyzeScanned(Eojul& e, const char* token, uint32_t length,
+                      unsigned type, const Eojul& settings);
   void SetAsideUnused();
   // Tests fill the pending tables through this.
   friend struct NounAnalysisProbe;
@@ -396,6 +408,8 @@ class MAnalyzer : public QR_Analyzer {
   StringEx workText;
   StringEx pieceText;
   EojulPool eojulPool;
+  TokenMemo tokenMemo;
+  bool tokenMemoOn = true;
 
   // Hit lists of the suffix lists.
   PositionList avPositions;
@@ -432,6 +446,8 @@ class MAnalyzer : public QR_Analyzer {
   int32_t analysisLength = 0;
   unsigned char wholeNounDone = 0;
   int32_t scoreFlow = 0;
+  // What the token under analysis did with scoreFlow (for tokenMemo).
+  TokenMemo::FlowUse flowUse;
 
   unsigned char exOption = 0;
   bool rawOutput = false;

@@ -21,6 +21,7 @@ void SwitchMask(uint32_t& mask, uint32_t bits, int value) {
 
 void MAnalyzer::SetOption(int option, int value) {
   if (static_cast<unsigned>(option) >= kOptionCount) return;
+  tokenMemo.Forget();
   signed char byte = static_cast<signed char>(value & 0xFF);
   Eojul* e = CurrentEojul();
   uint32_t scratchMask = 0;

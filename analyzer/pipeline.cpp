@@ -71,8 +71,7 @@ void MAnalyzer::FlushToken(const char* token, uint32_t length, unsigned type,
   const bool keep = (exOption & ExOption::kKeepSentence) != 0;
   Eojul& e = keep ? NextInSentence(current) : current;
   e.SetText(token, length, type);
-  AnalyzeEojul(e, static_cast<int32_t>(length));
-  ScoreAllCandidates(e);
+  AnalyzeScanned(e, token, length, type, current);
   e.SetOffset(tokenStart);
   if (options[0] > 0) e.SelectTop(static_cast<unsigned char>(options[0]));
   extraTop = 0;
@@ -94,6 +93,36 @@ void MAnalyzer::FlushToken(const char* token, uint32_t length, unsigned type,
   // it holds none, so once is enough.
   if (sentenceCount == 0) current.Initialize(true);
   ++sentenceCount;
+}
+
+void MAnalyzer::AnalyzeScanned(Eojul& e, const char* token, uint32_t length,
+                               unsigned type, const Eojul& settings) {
+  // The passes of options 11 and 17 read more of the analyzer than the
+  // memo keeps (the split eojul, compoundTried): no memo with them.
+  if (!tokenMemoOn || options[11] == 1 || options[17] > 0 ||
+      Knowledge() == nullptr) {
+    AnalyzeEojul(e, static_cast<int32_t>(length));
+    ScoreAllCandidates(e);
+    return;
+  }
+  tokenMemo.Follow(Knowledge(), Knowledge()->generation,
+                   (settings.keepCase ? 1u : 0u) |
+                       (settings.numberPunctuation ? 2u : 0u));
+  const TokenMemo::Key key = TokenMemo::KeyOf(token, length);
+  // AnalyzeEojul keeps only context codes 1 and 5 of the token before.
+  const int32_t context = contextCode == 1 || contextCode == 5 ? contextCode : 0;
+  const TokenMemo::Carried in{context, scoreFlow};
+  TokenMemo::Carried out;
+  if (tokenMemo.Recall(key, token, length, type, in, e, out)) {
+    contextCode = out.contextCode;
+    scoreFlow = out.scoreFlow;
+    return;
+  }
+  flowUse = TokenMemo::FlowUse();
+  AnalyzeEojul(e, static_cast<int32_t>(length));
+  ScoreAllCandidates(e);
+  tokenMemo.Keep(key, length, type, in, flowUse, e,
+                 TokenMemo::Carried{contextCode, scoreFlow});
 }
 
 Eojul& MAnalyzer::NextInSentence(const Eojul& current) {

@@ -67,6 +67,7 @@ bool ReadCorpus(const std::string& directory, CorpusText& text) {
   }
   std::sort(text.files.begin(), text.files.end());
   for (const std::string& file : text.files) ReadFile(file, text);
+  text.sentences = text.lines.size();
   return !text.lines.empty();
 }
 

@@ -15,6 +15,7 @@ struct CorpusText {
   std::vector<std::string> lines;
   uint64_t bytes = 0;              // UTF-8 bytes of all lines, line ends too
   std::vector<std::string> files;  // the files read, in order
+  size_t sentences = 0;            // the lines as read, before RepeatTo
 };
 
 // Reads every *.conllu file under `directory` (sorted by path). False when

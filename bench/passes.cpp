@@ -25,9 +25,14 @@ double ThreadCpuSeconds() {
 
 }  // namespace
 
-Worker::Worker(Quorel::QR_Knowledge* knowledge, int exOption)
+Worker::Worker(Quorel::QR_Knowledge* knowledge, int exOption, bool tokenMemo)
     : analyzer(Quorel::CreateAnalyzer(knowledge)) {
   analyzer->SetExOption(exOption);
+  Concrete().UseTokenMemo(tokenMemo);
+}
+
+Quorel::MAnalyzer& Worker::Concrete() {
+  return *static_cast<Quorel::MAnalyzer*>(analyzer.get());
 }
 
 uint64_t Worker::Line(const std::string& line, Work work) {
@@ -67,6 +72,8 @@ PassResult Worker::Run(const std::vector<std::string>& lines, size_t count,
   PassResult result;
   AllocationCount before = Allocations();
   const double cpuStart = ThreadCpuSeconds();
+  const uint64_t lookups = Concrete().Memo().Lookups();
+  const uint64_t recalls = Concrete().Memo().Recalls();
   Clock::time_point start = Clock::now();
   for (size_t i = 0; i < count && i < lines.size(); ++i) {
     result.eojuls += Line(lines[i], work);
@@ -74,6 +81,8 @@ PassResult Worker::Run(const std::vector<std::string>& lines, size_t count,
   }
   result.seconds = Seconds(start, Clock::now());
   result.cpuSeconds = ThreadCpuSeconds() - cpuStart;
+  result.memoLookups = Concrete().Memo().Lookups() - lookups;
+  result.memoRecalls = Concrete().Memo().Recalls() - recalls;
   AllocationCount after = Allocations();
   result.allocations = {after.calls - before.calls, after.bytes - before.bytes};
   return result;

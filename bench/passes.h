@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "analyzer/m_analyzer.h"
 #include "bench/alloc_counter.h"
 #include "eojul/eojul.h"
 #include "qrlsl/qrlsl.h"
@@ -34,19 +35,25 @@ struct PassResult {
   uint64_t eojuls = 0;  // sentence elements (analysis with the sentence
                         // kept) or tokens (SetString); 0 otherwise
   AllocationCount allocations;  // made during the pass, by all threads
+  // Tokens looked up in the analyzer's token memo, and found there.
+  uint64_t memoLookups = 0;
+  uint64_t memoRecalls = 0;
 };
 
 class Worker {
  public:
   // `exOption` is the analyzer's output mode: 1 keeps the sentence as a
   // host reads it, 0 analyses without keeping anything.
-  Worker(Quorel::QR_Knowledge* knowledge, int exOption);
+  // Without `tokenMemo` every token is analysed, however often it recurs.
+  Worker(Quorel::QR_Knowledge* knowledge, int exOption, bool tokenMemo = true);
 
   // Runs `work` over lines [0, count) of `lines`.
   PassResult Run(const std::vector<std::string>& lines, size_t count, Work work);
 
  private:
   uint64_t Line(const std::string& line, Work work);
+  // The library's analyzer behind the interface, for its token memo.
+  Quorel::MAnalyzer& Concrete();
   std::unique_ptr<Quorel::QR_Analyzer> analyzer;
   Quorel::cli::Recoder recoder;
   Quorel::Eojul eojul;

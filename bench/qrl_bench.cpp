@@ -191,6 +191,20 @@ void PrintAllocations(const char* what, const PassResult& r, uint64_t eojuls) {
               static_cast<double>(r.allocations.bytes) / eojuls);
 }
 
+// How often the token memo answered: in the timed passes, and on one pass
+// of the corpus sentences, not repeated, by a fresh analyzer; the repeated
+// text could otherwise flatter the memo.
+void PrintMemo(const PassResult& timed, Quorel::QR_Knowledge* knowledge,
+               const qrlbench::CorpusText& text) {
+  qrlbench::Worker fresh(knowledge, 1);
+  const PassResult once = fresh.Run(text.lines, text.sentences, Work::kAnalysis);
+  auto share = [](const PassResult& r) {
+    return r.memoLookups == 0 ? 0.0 : 100.0 * r.memoRecalls / r.memoLookups;
+  };
+  std::printf("  %-36s %7.1f%% of tokens in the timed passes, %.1f%% in one pass of the sentences\n",
+              "  token memo hits", share(timed), share(once));
+}
+
 // The throughput and allocation figures on the corpus text.
 void Throughput(const Settings& settings, Quorel::QR_Knowledge* knowledge,
                 const qrlbench::CorpusText& text) {
@@ -211,8 +225,9 @@ void Throughput(const Settings& settings, Quorel::QR_Knowledge* knowledge,
     return best;
   };
   // Each figure on a fresh worker, after a warm-up of the first megabyte.
-  auto measure = [&](Quorel::QR_Knowledge* k, int exOption, Work work) {
-    qrlbench::Worker worker(k, exOption);
+  auto measure = [&](Quorel::QR_Knowledge* k, int exOption, Work work,
+                     bool tokenMemo = true) {
+    qrlbench::Worker worker(k, exOption, tokenMemo);
     worker.Run(lines, warm, work);
     return fastest([&]() { return worker.Run(lines, all, work); });
   };
@@ -224,6 +239,8 @@ void Throughput(const Settings& settings, Quorel::QR_Knowledge* knowledge,
   PrintRate("  conversion + SetString per token", measure(empty.get(), 1, Work::kSetString), &floor);
   PassResult analysis = measure(knowledge, 1, Work::kAnalysis);
   PrintRate("analysis", analysis, &floor);
+  PrintRate("analysis, token memo off", measure(knowledge, 1, Work::kAnalysis, false), &floor);
+  PrintMemo(analysis, knowledge, text);
   PrintRate("analysis + tagging, mode 0", measure(knowledge, 1, Work::kTagging0), &floor);
   PrintRate("analysis + tagging, mode 1", measure(knowledge, 1, Work::kTagging1), &floor);
 

@@ -120,6 +120,17 @@ class Eojul final : public QR_Eojul {
   }
   void ShowAsCopy();
 
+  // A flat record of the analysis, for the analyzer's memo of tokens seen
+  // before. PackedSize is its size in bytes, 0 when it cannot be packed (it
+  // exceeds the inline areas, or has a narrowed view or recorded offsets).
+  // Pack writes PackedSize() bytes; Unpack makes an eojul just given the
+  // same surface by SetText what this one is now, for every reader.
+  uint32_t PackedSize() const;
+  void Pack(unsigned char* out) const;
+  void Unpack(const unsigned char* in);
+  // The surface inside a packed record.
+  static const char* PackedSurface(const unsigned char* record);
+
   // Initialize(true), then stores the surface and its type bits.
   void SetText(const char* surface, unsigned type);
   // The same for a surface of `length` bytes with no NUL among them:

@@ -66,6 +66,7 @@ Dictionary::~Dictionary() {
 
 int Dictionary::LoadKnowledge(const char* path, bool fromCompiledFile,
                               bool withPreAnalysis) {
+  ++generation;
   // The arrays of an earlier load are not reused.
   delete[] divInfo;
   delete[] posInfo;
@@ -104,6 +105,7 @@ int Dictionary::LoadKnowledge(const char* path, bool fromCompiledFile,
 }
 
 void Dictionary::IndexLookupTries() {
+  ++generation;
   for (QR_DaTrie* trie : {&mainTrie, &jeTrie, &xpTrie, &xsnTrie, &xsnxsnTrie,
                           &conjTrie, &preAnalTrie}) {
     trie->BuildReadIndexes();
@@ -129,19 +131,23 @@ bool Dictionary::CompileKnowledge(const char* path, const char* outputPath) {
 }
 
 int Dictionary::LoadEojulRules(const char* path) {
+  ++generation;
   return LoadEojulRuleFile(*this, path);
 }
 
 int Dictionary::LoadGroupRules(const char* path) {
+  ++generation;
   return LoadGroupRuleFile(*this, path);
 }
 
 int Dictionary::LoadTagLists(const char* path) {
+  ++generation;
   return LoadTagListFiles(*this, path);
 }
 
 void Dictionary::SetTaggerWeights(double w1, double w2, double w3, double w4,
                                   double w5) {
+  ++generation;
   weight1 = w1;
   weight2 = w2;
   weight3 = w3;

@@ -131,6 +131,9 @@ class Dictionary : public QR_Knowledge {
   // later (user nouns, pre-analyses) again. After an Insert the lookups stay
   // right but walk byte by byte until it is called again.
   void IndexLookupTries();
+  // Moves at every load and change of the knowledge, so that what an
+  // analyzer keeps across tokens (its TokenMemo) knows when it is stale.
+  uint64_t generation = 0;
 
   // True when the user noun `word` fits its composition pattern.
   static bool CheckUserNoun(const char* word, const char* pattern);

@@ -35,6 +35,7 @@ void ReportPre(const char* what, const StringEx& line) {
 
 int Dictionary::LoadPreAnalysis(const char* path, const char* fileName,
                                 bool overwrite) {
+  ++generation;
   if (preAnalTrie.bc == nullptr) {
     if (preAnalTrie.Create(kTrieSize, kTrieSize, kTrieSize, kTrieSize) < 0) {
       Report("Can't create preanalysis trie. So dictonaries are not "
@@ -116,6 +117,7 @@ int Dictionary::LoadPreAnalysis(const char* path, const char* fileName,
 }
 
 int Dictionary::LoadUserNoun(const char* path, const char* fileName, bool) {
+  ++generation;
   int result = LoadMainDic(JoinPath(path, fileName, false).c_str(), "NNU");
   // Inserting dropped the main trie's read indexes; lookups stay right
   // without them but walk byte by byte, so they are built again.

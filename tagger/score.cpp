@@ -187,6 +187,7 @@ int ScoreEojul(Eojul& eojul, ScoreState& state) {
   }
   // Set once: a candidate inherits the flow the one before it left.
   state.scoreFlow = 0;
+  state.flowReset = true;
   for (int k = 0; k < count; ++k) {
     if (eojul.ScoreAt(static_cast<uint32_t>(k)) > 0.0) continue;
     double score = ScoreCandidate(eojul, k, state);

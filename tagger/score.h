@@ -20,6 +20,8 @@ struct ScoreState {
   int32_t scoreFlow = 0;
   // Candidates were built from a division pattern or a mixed token.
   bool compoundTried = false;
+  // Set by ScoreEojul when it reset scoreFlow before reading it.
+  bool flowReset = false;
 };
 
 // Score of candidate `candidate` (0-based, through the eojul's view) of
@@ -28,7 +30,9 @@ double ScoreCandidate(Eojul& eojul, int candidate, ScoreState& state);
 
 // Stores a score for every candidate that has none (0.0 or below). A sole
 // candidate gets 1.0, or keeps its positive score when compoundTried is
-// set. Returns 0 for an eojul without candidates, else 1.
+// set. scoreFlow is reset (flowReset) when there are two candidates or
+// more, and left as it came otherwise. Returns 0 for an eojul without
+// candidates, else 1.
 int ScoreEojul(Eojul& eojul, ScoreState& state);
 
 }  // namespace Quorel
