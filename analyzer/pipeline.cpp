@@ -99,30 +99,32 @@ void MAnalyzer::AnalyzeScanned(Eojul& e, const char* token, uint32_t length,
                                unsigned type, const Eojul& settings) {
   // The passes of options 11 and 17 read more of the analyzer than the
   // memo keeps (the split eojul, compoundTried): no memo with them.
-  if (!tokenMemoOn || options[11] == 1 || options[17] > 0 ||
-      Knowledge() == nullptr) {
-    AnalyzeEojul(e, static_cast<int32_t>(length));
-    ScoreAllCandidates(e);
-    return;
-  }
-  tokenMemo.Follow(Knowledge(), Knowledge()->generation,
-                   (settings.keepCase ? 1u : 0u) |
-                       (settings.numberPunctuation ? 2u : 0u));
-  const TokenMemo::Key key = TokenMemo::KeyOf(token, length);
-  // AnalyzeEojul keeps only context codes 1 and 5 of the token before.
-  const int32_t context = contextCode == 1 || contextCode == 5 ? contextCode : 0;
-  const TokenMemo::Carried in{context, scoreFlow};
-  TokenMemo::Carried out;
-  if (tokenMemo.Recall(key, token, length, type, in, e, out)) {
-    contextCode = out.contextCode;
-    scoreFlow = out.scoreFlow;
-    return;
+  const bool memo = tokenMemoOn && options[11] != 1 && options[17] <= 0 &&
+                    Knowledge() != nullptr;
+  TokenMemo::Key key{};
+  TokenMemo::Carried in;
+  if (memo) {
+    tokenMemo.Follow(Knowledge(), Knowledge()->generation,
+                     (settings.keepCase ? 1u : 0u) |
+                         (settings.numberPunctuation ? 2u : 0u));
+    key = TokenMemo::KeyOf(token, length);
+    // AnalyzeEojul keeps only context codes 1 and 5 of the token before.
+    in.contextCode = contextCode == 1 || contextCode == 5 ? contextCode : 0;
+    in.scoreFlow = scoreFlow;
+    TokenMemo::Carried out;
+    if (tokenMemo.Recall(key, token, length, type, in, e, out)) {
+      contextCode = out.contextCode;
+      scoreFlow = out.scoreFlow;
+      return;
+    }
   }
   flowUse = TokenMemo::FlowUse();
   AnalyzeEojul(e, static_cast<int32_t>(length));
   ScoreAllCandidates(e);
-  tokenMemo.Keep(key, length, type, in, flowUse, e,
-                 TokenMemo::Carried{contextCode, scoreFlow});
+  if (memo) {
+    tokenMemo.Keep(key, length, type, in, flowUse, e,
+                   TokenMemo::Carried{contextCode, scoreFlow});
+  }
 }
 
 Eojul& MAnalyzer::NextInSentence(const Eojul& current) {

@@ -8,8 +8,9 @@
 // settings of the eojul. A hit needs the same bytes, type and context code,
 // and the same score flow when the token read it (few do: most replace it
 // or pass it on), and hands back the record and the carried values that
-// analysing the token left. Whatever else may change, the owner calls Forget, and
-// Follow empties the memo when the knowledge object or its generation moves.
+// analysing the token left. Follow empties the memo when the knowledge
+// object, its generation or the eojul's switches move; for whatever else
+// changes (the options) the owner calls Forget.
 //
 // Direct-mapped: a token has one slot, and a new token takes it over. Slots
 // and records are allocated once, on the first Keep; a full memo allocates
