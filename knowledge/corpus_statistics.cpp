@@ -47,10 +47,6 @@ bool IsWritableKey(const std::string& key) {
   return key.find_first_of("\t\r\n") == std::string::npos;
 }
 
-std::string Count(int64_t n) {
-  return std::to_string(std::min<int64_t>(n, INT32_MAX));
-}
-
 // The keys of `counts` by count (highest first), then by bytes.
 template <typename Map, typename CountOf>
 std::vector<typename Map::key_type> ByCount(const Map& counts, CountOf countOf) {
@@ -84,6 +80,27 @@ bool WriteFile(const std::string& path, const std::string& text,
 
 }  // namespace
 
+std::string CorpusStatistics::Count(int64_t n) const {
+  return std::to_string(std::min<int64_t>(n * scale, INT32_MAX));
+}
+
+// A sentence is numbered by the count of sentences before it, so that the
+// compounds of a sentence, added before it, share its number.
+void CorpusStatistics::See(std::map<std::string, Seen>& seen,
+                           const std::string& word) {
+  Seen& s = seen[word];
+  if (s.count == 0 || s.last != sentences) {
+    ++s.count;
+    s.last = sentences;
+  }
+}
+
+bool CorpusStatistics::SeenEnough(const std::map<std::string, Seen>& seen,
+                                  const std::string& word) const {
+  auto it = seen.find(word);
+  return it != seen.end() && it->second.count >= minSentences;
+}
+
 void CorpusStatistics::AddCompound(const std::vector<std::string>& pieces) {
   size_t start = 0;
   while (start < pieces.size()) {
@@ -100,6 +117,7 @@ void CorpusStatistics::AddCompound(const std::vector<std::string>& pieces) {
       if (piece.size() > kSyllable) {
         const int place = i == start ? 0 : i + 1 == end ? 2 : 1;
         positions[piece][place] += 1;
+        See(pieceSentences, piece);
       }
     }
     start = end + 1;
@@ -111,7 +129,6 @@ void CorpusStatistics::AddSentence(const std::vector<TaggedEojul>& eojuls) {
   for (const TaggedEojul& e : eojuls) {
     if (!e.tagList.empty()) kept.push_back(&e);
   }
-  ++sentences;
   for (size_t i = 0; i < kept.size(); ++i) {
     const TaggedEojul& e = *kept[i];
     const Context context(i == 0 ? kFirstOfSentence : kept[i - 1]->tagList,
@@ -124,7 +141,9 @@ void CorpusStatistics::AddSentence(const std::vector<TaggedEojul>& eojuls) {
     wordTotals[e.surface] += 1;
     wordContexts[key][context] += 1;
     tagListOfKey[key] = e.tagList;
+    See(surfaceSentences, e.surface);
   }
+  ++sentences;
 }
 
 std::string CorpusStatistics::DivInfoText() const {
@@ -132,7 +151,7 @@ std::string CorpusStatistics::DivInfoText() const {
   size_t lines = 0;
   for (const std::string& key : ByCount(joints, Plain)) {
     const int64_t n = joints.at(key);
-    if (n < kDivFloor || lines == kMaxDivLines) break;
+    if (n * scale < kDivFloor || lines == kMaxDivLines) break;
     text += key + "\t" + Count(n) + "\n";
     ++lines;
   }
@@ -144,7 +163,8 @@ std::string CorpusStatistics::PosInfoText() const {
   size_t lines = 0;
   for (const std::string& key : ByCount(positions, Sum)) {
     const std::array<int64_t, 3>& c = positions.at(key);
-    if (Sum(c) < kPosFloor || lines == kMaxPosLines) break;
+    if (Sum(c) * scale < kPosFloor || lines == kMaxPosLines) break;
+    if (!SeenEnough(pieceSentences, key)) continue;
     std::string line = key + "\t" + Count(c[0]) + "\t" + Count(c[1]) + "\t" +
                        Count(c[2]);
     if (line.size() >= kMaxPosLine) continue;
@@ -175,6 +195,7 @@ std::string CorpusStatistics::TagListText() const {
 std::string CorpusStatistics::WordListText() const {
   std::string text;
   for (const std::string& word : ByCount(wordTotals, Plain)) {
+    if (!SeenEnough(surfaceSentences, word)) continue;
     text += word + "\t" + Count(wordTotals.at(word)) + "\n";
   }
   return text;
@@ -217,7 +238,12 @@ std::string CorpusStatistics::WordCountText() const {
   const std::set<std::string> known(lists.begin(), lists.end());
   std::map<std::string, int64_t> keyTotals;
   for (const auto& block : wordContexts) {
-    if (known.count(tagListOfKey.at(block.first)) == 0) continue;
+    const std::string& list = tagListOfKey.at(block.first);
+    if (known.count(list) == 0) continue;
+    // The key is the surface, "-" and the tag list.
+    const std::string surface =
+        block.first.substr(0, block.first.size() - list.size() - 1);
+    if (!SeenEnough(surfaceSentences, surface)) continue;
     int64_t total = 0;
     for (const auto& context : block.second) total += context.second;
     keyTotals[block.first] = total;

@@ -34,10 +34,19 @@ class CorpusStatistics {
   static constexpr size_t kMaxPosLines = 175000;
   static constexpr size_t kMaxTagLists = 65535;
 
+  // Every count is written multiplied by `scale` (at least 1): a small
+  // corpus then speaks with the weight of a large one, and a joint or place
+  // seen once clears the loaders' floors when `scale` is 100 or more.
+  void SetScale(int64_t factor) { scale = factor < 1 ? 1 : factor; }
+  // Word-level entries (a word's totals and contexts, a compound piece's
+  // places) are written only for words seen in at least `n` sentences.
+  void SetMinSentences(int n) { minSentences = n < 1 ? 1 : n; }
+
   // A compound noun as its pieces in order; pieces other than Hangul
   // syllables break it into separate compounds of two or more pieces.
   void AddCompound(const std::vector<std::string>& pieces);
-  // One sentence; eojuls without a tag list are left out of it.
+  // One sentence; eojuls without a tag list are left out of it. Compounds
+  // added before it count as seen in it.
   void AddSentence(const std::vector<TaggedEojul>& eojuls);
 
   // The content of each file.
@@ -70,7 +79,20 @@ class CorpusStatistics {
   std::map<std::string, int64_t> wordTotals;          // by surface
   std::map<std::string, ContextCounts> wordContexts;  // by word key
   std::map<std::string, std::string> tagListOfKey;    // word key's tag list
+  // Per word: the sentences it was seen in, and the last of them.
+  struct Seen {
+    int count = 0;
+    size_t last = 0;
+  };
+  void See(std::map<std::string, Seen>& seen, const std::string& word);
+  bool SeenEnough(const std::map<std::string, Seen>& seen,
+                  const std::string& word) const;
+  std::string Count(int64_t n) const;
+  std::map<std::string, Seen> pieceSentences;
+  std::map<std::string, Seen> surfaceSentences;
   size_t sentences = 0;
+  int64_t scale = 1;
+  int minSentences = 1;
 };
 
 }  // namespace Quorel

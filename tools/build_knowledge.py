@@ -24,6 +24,9 @@ import sys
 import tempfile
 
 HERE = os.path.dirname(os.path.abspath(__file__))
+SRC = os.path.join(os.path.dirname(HERE), 'knowledge-src')
+HUNSPELL_DIC = '/usr/share/hunspell/ko_KR.dic'
+HUNSPELL_AFF = '/usr/share/hunspell/ko_KR.aff'
 sys.path.insert(0, HERE)
 import import_hunspell_ko  # noqa: E402
 
@@ -336,10 +339,85 @@ def train(out, corpora, trainer, log):
     return 0
 
 
+# What tools/learn_lexicon.py writes beside its word lists: the words that
+# the treebanks divide (word TAB stored division), and the noun suffixes
+# they divide from the noun before them (one a line).
+LEARNED_SPLITS = 'split.txt'
+LEARNED_SUFFIXES = 'suffix.txt'
+STORED_DIVISION = re.compile('^[1-9Y]+$')
+
+
+def read_learned(learned_dir, name):
+    """The lines of a learned text file, as pairs split at the TAB."""
+    path = os.path.join(learned_dir, name) if learned_dir else None
+    pairs = []
+    if not path or not os.path.exists(path):
+        return pairs
+    with open(path, encoding='utf-8') as f:
+        for raw in f:
+            line = raw.rstrip('\n')
+            if not is_comment(line, True):
+                word, _, rest = line.partition('\t')
+                pairs.append((word.strip(), rest.strip()))
+    return pairs
+
+
+def divisions(learned_dir, nouns):
+    """Stored divisions by word: the learned ones, and every known noun
+    made of a noun of two syllables or more and a divided suffix."""
+    stored = {word: text for word, text in read_learned(learned_dir, LEARNED_SPLITS)
+              if HANGUL_WORD.match(word) and STORED_DIVISION.match(text)}
+    for suffix, _ in read_learned(learned_dir, LEARNED_SUFFIXES):
+        for word in nouns:
+            stem = word[:-len(suffix)]
+            if (word.endswith(suffix) and 2 <= len(stem) <= 9 and stem in nouns
+                    and word not in stored):
+                stored[word] = str(len(stem)) + 'Y' * len(suffix)
+    return stored
+
+
+def store_divisions(sources, stored):
+    """Moves the words with a stored division from the noun lists into
+    nnp.dic with their division, which the analyzer writes as pieces (a
+    digit: a noun of that many syllables, Y: a suffix syllable); a word of
+    our own nnp.dic keeps its line."""
+    own = {entry_word(line) for line in sources['nnp.dic']}
+    moved = [word for word in sorted(stored) if word not in own]
+    gone = set(moved)
+    sources['nng.dic'] = [line for line in sources['nng.dic']
+                          if entry_word(line) not in gone]
+    sources['nnp.dic'] = sources['nnp.dic'] + [
+        '%s\t%s' % (word, stored[word]) for word in moved]
+
+
+def learned_lines(learned_dir, name):
+    """The words of a learned list, or none."""
+    path = os.path.join(learned_dir, name) if learned_dir else None
+    if not path or not os.path.exists(path):
+        return []
+    return read_source(path, name)[0]
+
+
+def copy_statistics(learned_dir, out):
+    """Copies the learned statistics into `out`; their number."""
+    copied = 0
+    for name in TRAINED_FILES:
+        path = os.path.join(learned_dir, name)
+        if os.path.exists(path):
+            with open(path, 'rb') as f:
+                data = f.read()
+            with open(os.path.join(out, name), 'wb') as f:
+                f.write(data)
+            copied += 1
+    return copied
+
+
 def build(src, out, imported_dir=None, compiler=None, log=sys.stderr,
-          corpora=(), trainer=None):
-    """Builds `out` from `src`, trained on `corpora` when there are any;
-    returns the number of malformed lines and failed steps."""
+          corpora=(), trainer=None, learned_dir=None):
+    """Builds `out` from `src` and the word lists and statistics learned
+    into `learned_dir`, trained on `corpora` when there are any (their
+    statistics then replace the learned ones); returns the number of
+    malformed lines and failed steps."""
     os.makedirs(os.path.join(out, 'sinfo'), exist_ok=True)
     bad = 0
     sources = {}
@@ -357,12 +435,14 @@ def build(src, out, imported_dir=None, compiler=None, log=sys.stderr,
             imported, _ = read_source(extra, name)
         if name in OWN_SHORT_WORDS:
             imported = [line for line in imported if len(entry_word(line)) > 1]
+        imported = merged(imported, learned_lines(learned_dir, name))
         sources[name] = merged(imported, own)
     nouns = {entry_word(line) for line in sources['nng.dic']}
     for name in PREDICATE_FILES:
         sources[name], roots = split_derived(sources[name], nouns)
         sources['nng.dic'] = merged(sources['nng.dic'], roots)
         nouns.update(roots)
+    store_divisions(sources, divisions(learned_dir, nouns))
     for name, lines in sources.items():
         if not lines:
             continue
@@ -372,6 +452,8 @@ def build(src, out, imported_dir=None, compiler=None, log=sys.stderr,
                   % (name, len(lost)), file=log)
     if bad == 0:
         bad += train(out, list(corpora), trainer, log)
+    if bad == 0 and not corpora and learned_dir:
+        copy_statistics(learned_dir, out)
     if compiler and bad == 0:
         result = subprocess.run([compiler, out], stderr=subprocess.PIPE,
                                 universal_newlines=True)
@@ -386,7 +468,7 @@ def build(src, out, imported_dir=None, compiler=None, log=sys.stderr,
 def main(argv):
     root = os.path.dirname(HERE)
     parser = argparse.ArgumentParser(description=__doc__.split('\n')[0])
-    parser.add_argument('--src', default=os.path.join(root, 'knowledge-src'))
+    parser.add_argument('--src', default=SRC)
     parser.add_argument('--out', default=os.path.join(root, 'build', 'knowledge'))
     parser.add_argument('--compiler', help='the qrl_compile tool')
     parser.add_argument('--train', action='append', default=[],
@@ -395,10 +477,15 @@ def main(argv):
                              'knowledge from; repeatable')
     parser.add_argument('--trainer', help='the qrl_train tool (default: beside '
                                           'the compiler)')
-    parser.add_argument('--hunspell-dic', default='/usr/share/hunspell/ko_KR.dic')
-    parser.add_argument('--hunspell-aff', default='/usr/share/hunspell/ko_KR.aff')
+    parser.add_argument('--hunspell-dic', default=HUNSPELL_DIC)
+    parser.add_argument('--hunspell-aff', default=HUNSPELL_AFF)
     parser.add_argument('--no-hunspell', action='store_true')
+    parser.add_argument('--learned', default=os.path.join(root, 'knowledge-src', 'learned'),
+                        help='the word lists and statistics learned from the '
+                             'treebanks (scripts/learn_knowledge.sh); "none" '
+                             'builds without them')
     args = parser.parse_args(argv)
+    learned_dir = None if args.learned == 'none' else args.learned
 
     with tempfile.TemporaryDirectory() as work:
         imported_dir = None
@@ -417,7 +504,7 @@ def main(argv):
         if not trainer and args.compiler:
             trainer = os.path.join(os.path.dirname(args.compiler), 'qrl_train')
         bad = build(args.src, args.out, imported_dir, args.compiler,
-                    corpora=args.train, trainer=trainer)
+                    corpora=args.train, trainer=trainer, learned_dir=learned_dir)
     if bad:
         print('build_knowledge: %d malformed lines or failed steps' % bad,
               file=sys.stderr)

@@ -1,4 +1,4 @@
-// Learning the statistical knowledge from a treebank with Sejong tags, for
+// Learning the statistical knowledge from a treebank with Sejong or KAIST tags, for
 // qrl_train. Each sentence is analysed as the tagger will see it; an eojul
 // of the scanner that covers whole treebank tokens takes the tag list of the
 // first candidate that the evaluation would count as right, else the tag
@@ -32,14 +32,16 @@ struct TrainingTally {
   long untagged = 0;  // no tag list at all
 };
 
-// The tag-list string of corpus morphemes (Sejong tags) as GetStrPOS would
+// The tag-list string of corpus morphemes (Sejong or KAIST tags) as GetStrPOS would
 // give it; "" when a tag has no counterpart here.
 inline std::string MappedTagList(const std::vector<Morpheme>& morphemes) {
   std::string list;
   bool inJosa = false;
   for (const Morpheme& m : morphemes) {
-    std::string name = SystemTagOfSejong(m.tag);
+    std::string name = SystemTagOf(m.tag);
     if (name.empty()) return "";
+    // KAIST tags a number in digits as a numeral.
+    if (name == "NU" && WrittenInDigits(m.form)) name = "SN";
     const bool josa = CoarseSystem(name) == "J";
     // The analyzer returns a josa chain (에서+도) as one morpheme.
     if (josa && inJosa) continue;
@@ -56,9 +58,8 @@ inline void AddCompounds(const Token& token, CorpusStatistics& stats) {
   if (!MorphemesOfToken(token, morphemes)) return;
   std::vector<std::string> run;
   for (size_t i = 0; i <= morphemes.size(); ++i) {
-    const bool noun = i < morphemes.size() &&
-                      (morphemes[i].tag == "NNG" || morphemes[i].tag == "NNP" ||
-                       morphemes[i].tag == "NNB");
+    std::string name = i < morphemes.size() ? SystemTagOf(morphemes[i].tag) : "";
+    const bool noun = name == "NNG" || name == "NNP" || name == "NNB";
     if (noun) {
       run.push_back(ToCp949(morphemes[i].form));
       continue;

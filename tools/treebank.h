@@ -98,6 +98,40 @@ inline std::string SystemTagOfSejong(const std::string& tag) {
   return it == table.end() ? "" : it->second;
 }
 
+// The PosTable name that stands for a KAIST tag (the lower-case tags of the
+// UD Korean Kaist treebank); "" for a tag outside the set. Documented in
+// knowledge-src/README.md.
+inline std::string SystemTagOfKaist(const std::string& tag) {
+  static const std::map<std::string, std::string> table = {
+      {"ncn", "NNG"},  {"ncpa", "NNG"}, {"ncps", "NNG"}, {"ncr", "NNG"},
+      {"nq", "NNP"},   {"nbn", "NNB"},  {"nbs", "NNB"},  {"nbu", "NNB"},
+      {"npp", "NP"},   {"npd", "NP"},   {"nnc", "NU"},   {"nno", "NU"},
+      {"pvg", "VV"},   {"pvd", "VV"},   {"paa", "VA"},   {"pad", "VA"},
+      {"px", "VX"},    {"jp", "VC"},    {"mma", "MM"},   {"mmd", "MM"},
+      {"mag", "MAG"},  {"mad", "MAG"},  {"maj", "MAJ"},  {"ii", "IC"},
+      {"jcs", "JK"},   {"jcc", "JK"},   {"jco", "JK"},   {"jca", "JK"},
+      {"jcv", "JK"},   {"jcr", "JK"},   {"jcm", "JKG"},  {"jxc", "JX"},
+      {"jxf", "JX"},   {"jxt", "JX"},   {"jcj", "JC"},   {"jct", "JC"},
+      {"ep", "EP"},    {"ef", "EF"},    {"ecc", "EC"},   {"ecs", "EC"},
+      {"ecx", "EC"},   {"etn", "ETN"},  {"etm", "ETM"},  {"xp", "XP"},
+      {"xsn", "XSN"},  {"xsv", "XSV"},  {"xsm", "XSA"},  {"xsa", "XSA"},
+      {"sf", "SC"},    {"sp", "SC"},    {"sl", "SC"},    {"sr", "SC"},
+      {"sd", "SC"},    {"se", "SC"},    {"su", "SC"},    {"sy", "SC"},
+      {"f", "FL"}};
+  auto it = table.find(tag);
+  return it == table.end() ? "" : it->second;
+}
+
+// True for a KAIST tag (lower case) rather than a Sejong one.
+inline bool IsKaistTag(const std::string& tag) {
+  return !tag.empty() && std::islower(static_cast<unsigned char>(tag[0])) != 0;
+}
+
+// The PosTable name of a Sejong or KAIST tag.
+inline std::string SystemTagOf(const std::string& tag) {
+  return IsKaistTag(tag) ? SystemTagOfKaist(tag) : SystemTagOfSejong(tag);
+}
+
 // The name GetStrPOS gives for a morpheme of the PosTable name `name`.
 inline std::string CanonicalTag(const std::string& name) {
   return PosNameOf(PosCodeOf(name.c_str()));
@@ -137,7 +171,7 @@ inline std::string CoarseKaist(const std::string& tag) {
   if (tag == "etm") return "ETM";
   if (tag == "etn") return "ETN";
   if (tag == "ii") return "IC";
-  if (tag == "f" || tag == "sl" || tag == "sh") return "FL";
+  if (tag == "f") return "FL";  // sl is a left bracket, not a letter
   if (tag == "nnc" || tag == "nno" || tag == "sn") return starts("s") ? "SN" : "N";
   if (starts("n")) return "N";
   if (starts("pv")) return "VV";
