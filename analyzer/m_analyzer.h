@@ -61,6 +61,10 @@ constexpr unsigned char kTaggingMode = 4;
 class MAnalyzer : public QR_Analyzer {
  public:
   static constexpr int kOptionCount = 20;
+  // Options from 20 on go beyond the catalogue; all are off (0) by default.
+  // 20: an eojul left as one unknown word gives up the josa at its end.
+  static constexpr int kUnknownEndingOption = 20;
+  static constexpr int kExtendedOptionCount = 21;
   static constexpr int kLevelCount = 5;
   static constexpr int kLineLimit = 66560;
   // N_ with NNG, NNP, NNU, NP, NNI, NNC, NFG and NFU.
@@ -255,6 +259,11 @@ class MAnalyzer : public QR_Analyzer {
   // Driver, scoring and narrowing of one eojul (the first steps of
   // RunWithEojul).
   void AnalyzeAndSelect(Eojul& e);
+  // Option 20, after scoring: an eojul whose one candidate is the whole
+  // surface as an unknown word (NNR) becomes the unknown stem and the
+  // longest josa at its end that may follow the stem's last syllable,
+  // the stem keeping two syllables or more.
+  void GiveUpUnknownEnding(Eojul& e);
   // Narrows the view of `e` to the candidates up to the first with a user
   // noun.
   void KeepToUserNoun(Eojul& e);
@@ -407,6 +416,7 @@ class MAnalyzer : public QR_Analyzer {
   // of the unknown-word fallback; pieceText a piece of it.
   StringEx workText;
   StringEx pieceText;
+  StringEx unknownText;  // the surface that GiveUpUnknownEnding rewrites
   EojulPool eojulPool;
   TokenMemo tokenMemo;
   bool tokenMemoOn = true;
@@ -455,7 +465,7 @@ class MAnalyzer : public QR_Analyzer {
   bool restarted = false;
   // Candidates the post passes added beyond option 0; may go negative.
   signed char extraTop = 0;
-  signed char options[kOptionCount] = {};
+  signed char options[kExtendedOptionCount] = {};
   int32_t ownership = 0;
   // The Dictionary loaded by the path constructor. It is deleted with the
   // analyzer even after SetEojul or SetKnowledge, and never a host's object.

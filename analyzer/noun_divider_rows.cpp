@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "analyzer/josa_reading.h"
 #include "analyzer/noun_divider.h"
 #include "analyzer/noun_divider_literals.h"
 #include "eojul/tag_set.h"
@@ -22,19 +23,6 @@ bool Same2(const char* a, const char* b) { return std::memcmp(a, b, 2) == 0; }
 
 // Letters compared by Deduplicate: a plain noun equals a stored noun piece.
 char ShapeLetter(char c) { return c == ' ' ? 'N' : c; }
-
-// A josa reading of the whole key (len bytes), or a blank reading.
-jeInfo JosaReading(const Dictionary& d, const char* key, int32_t len) {
-  jeInfo reading;
-  SearchJEInfo found;
-  if (len > 0 && d.SearchJE(key, found, len) == len) {
-    d.GetJEInfo(reading, found, 0);
-  }
-  if (reading.text != nullptr && (reading.bits & Pos::J_) == 0) {
-    reading = jeInfo();
-  }
-  return reading;
-}
 
 }  // namespace
 

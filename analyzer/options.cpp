@@ -1,5 +1,5 @@
 // The numbered options and the output-mode byte. Options 1 to 10 edit the
-// index mask of the current eojul; options 11 to 19 only store their byte,
+// index mask of the current eojul; options 11 to 20 only store their byte,
 // which a pipeline step reads.
 #include "analyzer/m_analyzer.h"
 #include "eojul/tag_set.h"
@@ -20,7 +20,7 @@ void SwitchMask(uint32_t& mask, uint32_t bits, int value) {
 }  // namespace
 
 void MAnalyzer::SetOption(int option, int value) {
-  if (static_cast<unsigned>(option) >= kOptionCount) return;
+  if (static_cast<unsigned>(option) >= kExtendedOptionCount) return;
   tokenMemo.Forget();
   signed char byte = static_cast<signed char>(value & 0xFF);
   Eojul* e = CurrentEojul();
@@ -86,7 +86,7 @@ void MAnalyzer::SetOption(int option, int value) {
       options[option] = byte;
       if (options[0] == 0) options[0] = 2;
       break;
-    default:  // 0, 11, 16 to 19
+    default:  // 0, 11, 16 to 20
       options[option] = byte;
       break;
   }

@@ -12,6 +12,7 @@ namespace Quorel {
 void MAnalyzer::AnalyzeAndSelect(Eojul& e) {
   AnalyzeEojul(e);
   ScoreAllCandidates(e);
+  if (options[kUnknownEndingOption] > 0) GiveUpUnknownEnding(e);
   if (options[0] > 0) e.SelectTop(static_cast<unsigned char>(options[0]));
   extraTop = 0;
 }
@@ -121,6 +122,7 @@ void MAnalyzer::AnalyzeScanned(Eojul& e, const char* token, uint32_t length,
   flowUse = TokenMemo::FlowUse();
   AnalyzeEojul(e, static_cast<int32_t>(length));
   ScoreAllCandidates(e);
+  if (options[kUnknownEndingOption] > 0) GiveUpUnknownEnding(e);
   if (memo) {
     tokenMemo.Keep(key, length, type, in, flowUse, e,
                    TokenMemo::Carried{contextCode, scoreFlow});

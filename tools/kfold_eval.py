@@ -31,7 +31,7 @@ import learn_lexicon  # noqa: E402
 
 FIGURES = ('morpheme_f1', 'segmentation_f1', 'eojul_accuracy')
 # The choices of the comparison (knowledge-src/README.md, Evaluation).
-EVAL_OPTIONS = ['-o', '12=1', '-o', '13=1']
+EVAL_OPTIONS = ['-o', '12=1', '-o', '13=1', '-o', '20=1']
 # The factor of the learned counts and the sentences a word needs.
 DEFAULT_SCALE = 100
 MIN_SENTENCES = 2
@@ -91,12 +91,16 @@ def main(argv):
     parser.add_argument('--floor', type=float)
     parser.add_argument('--scale', type=int, default=DEFAULT_SCALE)
     parser.add_argument('--no-hunspell', action='store_true')
+    parser.add_argument('--dump', help='write every wrong eojul of every fold '
+                                       'here: treebank, mode, kind, surface, '
+                                       'gold, system')
     parser.add_argument('treebanks', nargs='+')
     args = parser.parse_args(argv)
     tools = {name: os.path.join(args.build, name)
              for name in ('qrl_compile', 'qrl_train', 'qrl_eval')}
     corpora = [(path, read_sentences(path)) for path in args.treebanks]
     means = {}
+    dump_out = open(args.dump, 'w', encoding='utf-8') if args.dump else None
     with tempfile.TemporaryDirectory() as work:
         imported = None
         if not args.no_hunspell and os.path.exists(build_knowledge.HUNSPELL_DIC):
@@ -134,6 +138,8 @@ def main(argv):
                         for row in f:
                             cells = row.rstrip('\n').split('\t')
                             errors[mode][cells[0]] += 1
+                            if dump_out:
+                                dump_out.write('%s\t%d\t%s' % (name, mode, row))
                             examples.setdefault((mode, cells[0]), cells[1:4])
             print('== %s, held out, mean of %d folds' % (name, k))
             for mode in (0, 1):

@@ -43,7 +43,9 @@ const char kUsage[] =
     "  -n, --candidates N      candidates kept per eojul, best first\n"
     "                          (0: all, in stored order; default 0)\n"
     "  -t, --tagging MODE      run the tagger: 0 (rules) or 1 (statistics)\n"
-    "  -o, --option N=V        analyzer option N (0-19) set to V; repeatable\n"
+    "  -o, --option N=V        analyzer option N (0-20) set to V; repeatable;\n"
+    "                          20 (on here, off in the library): an\n"
+    "                          unknown word gives up the josa at its end\n"
     "  -u, --user-nouns FILE   add the user nouns of FILE; repeatable\n"
     "  -p, --pre-analysis FILE add the pre-analysed eojuls of FILE; repeatable\n"
     "      --raw               ignore pre-analysis entries\n"
@@ -68,12 +70,16 @@ bool ParseInt(const std::string& text, int& value) {
   return true;
 }
 
+// Options 0-19, and those beyond the catalogue (20: an unknown word gives
+// up its josa), which this command turns on unless told otherwise.
+constexpr int kLastOption = 20;
+
 bool ParseOption(const std::string& text, std::pair<int, int>& option) {
   size_t equals = text.find('=');
   return equals != std::string::npos &&
          ParseInt(text.substr(0, equals), option.first) &&
          ParseInt(text.substr(equals + 1), option.second) &&
-         option.first >= 0 && option.first <= 19;
+         option.first >= 0 && option.first <= kLastOption;
 }
 
 // Reads the options of the analysis into `settings`; the exit status of a
@@ -135,7 +141,7 @@ int ParseAnalysis(int argc, char** argv, AnalysisSettings& settings) {
     } else if (arg == "-o" || arg == "--option") {
       std::pair<int, int> option;
       if (!next(v) || !ParseOption(v, option)) {
-        return Fail(arg + " takes N=V with N from 0 to 19", 2);
+        return Fail(arg + " takes N=V with N from 0 to 20", 2);
       }
       settings.options.push_back(option);
     } else if (arg == "-u" || arg == "--user-nouns") {

@@ -81,6 +81,9 @@ bool Session::Start() {
   analyzer->SetExOption(ExOption::kKeepSentence);
   if (settings.raw) analyzer->SetRawOutput();
   analyzer->SetOption(0, settings.candidates);
+  // Beyond the library's defaults, what a user of the command expects: an
+  // unknown word gives up its josa (the options below may turn it off).
+  analyzer->SetOption(MAnalyzer::kUnknownEndingOption, 1);
   for (const auto& option : settings.options) {
     analyzer->SetOption(option.first, option.second);
   }
