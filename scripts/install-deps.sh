@@ -21,6 +21,18 @@ if [ ${#need[@]} -gt 0 ]; then
   DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq "${need[@]}"
 fi
 
+# pytest runs the tests of the Python tools: from the package index for the
+# python3 on the path, else Debian's package for the system's python3.
+if ! python3 -m pytest --version >/dev/null 2>&1; then
+  python3 -m pip install -q pytest >/dev/null 2>&1 || true
+fi
+if ! python3 -m pytest --version >/dev/null 2>&1; then
+  SUDO=""
+  [ "$(id -u)" -ne 0 ] && SUDO="sudo"
+  $SUDO apt-get update -qq || true
+  DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq python3-pytest
+fi
+
 # The Korean Hunspell dictionary feeds the knowledge base's open word
 # classes. It is optional: without it the knowledge is built from the core
 # vocabulary of knowledge-src/ alone, so a failure here stops nothing.

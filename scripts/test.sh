@@ -14,10 +14,13 @@ scripts/install-deps.sh
 cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=Debug -DQRLSL_BUILD_TESTS=ON >/dev/null
 cmake --build "$build" -j"$(nproc)"
 ctest --test-dir "$build" --output-on-failure -j"$(nproc)"
+# The Python tools that build and learn the knowledge.
+python3 -m pytest -q tests/python
 
-# Quality on real text: the GSD dev treebank must stay above the floor the
-# team raises as the knowledge and the routes improve (skipped without it).
-QRLSL_EVAL_FLOOR=${QRLSL_EVAL_FLOOR:-0.87} scripts/eval.sh "$root/build-eval"
+# Quality on real text, held out: the GSD dev treebank must stay above the
+# floor the team raises as the knowledge and the routes improve (skipped
+# without it).
+QRLSL_EVAL_FLOOR=${QRLSL_EVAL_FLOOR:-0.89} scripts/eval.sh "$root/build-eval"
 
 if [ "${QRLSL_HARDENING:-1}" != 0 ]; then
   scripts/hardening.sh

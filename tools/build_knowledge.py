@@ -399,15 +399,16 @@ def learned_lines(learned_dir, name):
 
 
 def copy_statistics(learned_dir, out):
-    """Copies the learned statistics into `out`; their number."""
+    """Writes the learned statistics (UTF-8) into `out` in CP949; the
+    number of files."""
     copied = 0
     for name in TRAINED_FILES:
         path = os.path.join(learned_dir, name)
         if os.path.exists(path):
-            with open(path, 'rb') as f:
-                data = f.read()
-            with open(os.path.join(out, name), 'wb') as f:
-                f.write(data)
+            with open(path, encoding='utf-8') as f:
+                text = f.read()
+            with open(os.path.join(out, name), 'w', encoding='cp949') as f:
+                f.write(text)
             copied += 1
     return copied
 
@@ -480,12 +481,15 @@ def main(argv):
     parser.add_argument('--hunspell-dic', default=HUNSPELL_DIC)
     parser.add_argument('--hunspell-aff', default=HUNSPELL_AFF)
     parser.add_argument('--no-hunspell', action='store_true')
-    parser.add_argument('--learned', default=os.path.join(root, 'knowledge-src', 'learned'),
+    parser.add_argument('--learned',
                         help='the word lists and statistics learned from the '
-                             'treebanks (scripts/learn_knowledge.sh); "none" '
-                             'builds without them')
+                             'treebanks (scripts/learn_knowledge.sh; default: '
+                             'the folder learned/ of --src); "none" builds '
+                             'without them')
     args = parser.parse_args(argv)
-    learned_dir = None if args.learned == 'none' else args.learned
+    learned_dir = args.learned or os.path.join(args.src, 'learned')
+    if learned_dir == 'none':
+        learned_dir = None
 
     with tempfile.TemporaryDirectory() as work:
         imported_dir = None

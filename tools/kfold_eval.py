@@ -26,15 +26,11 @@ import tempfile
 HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path.insert(0, HERE)
 import build_knowledge  # noqa: E402
-import import_hunspell_ko  # noqa: E402
-import learn_lexicon  # noqa: E402
+import learn_knowledge  # noqa: E402
 
 FIGURES = ('morpheme_f1', 'segmentation_f1', 'eojul_accuracy')
 # The choices of the comparison (knowledge-src/README.md, Evaluation).
 EVAL_OPTIONS = ['-o', '12=1', '-o', '13=1', '-o', '20=1']
-# The factor of the learned counts and the sentences a word needs.
-DEFAULT_SCALE = 100
-MIN_SENTENCES = 2
 
 
 def read_sentences(path):
@@ -58,23 +54,18 @@ def run(command):
     return result.stdout
 
 
-def learn_knowledge(tools, imported, train_files, work, scale):
+def fold_knowledge(tools, imported, train_files, work, scale):
     """Learns from `train_files` into work/learned and builds work/kb with
     it; returns the knowledge directory."""
     learned = os.path.join(work, 'learned')
-    lists, splits, suffixes = learn_lexicon.learn(train_files, MIN_SENTENCES)
-    learn_lexicon.write(learned, lists, splits, suffixes, MIN_SENTENCES)
-    plain = os.path.join(work, 'plain')
-    log = open(os.path.join(work, 'build.log'), 'w')
-    if build_knowledge.build(build_knowledge.SRC, plain, imported, None, log=log,
-                             learned_dir=learned) != 0:
-        raise RuntimeError('the knowledge build failed (%s)' % log.name)
-    run([tools['qrl_train'], '-k', plain, '-o', learned, '-s', str(scale),
-         '-m', str(MIN_SENTENCES)] + train_files)
-    kb = os.path.join(work, 'kb')
-    if build_knowledge.build(build_knowledge.SRC, kb, imported, tools['qrl_compile'],
-                             log=log, learned_dir=learned) != 0:
-        raise RuntimeError('the knowledge build failed (%s)' % log.name)
+    with open(os.path.join(work, 'build.log'), 'w') as log:
+        learn_knowledge.learn(train_files, learned, tools['qrl_train'], imported,
+                              scale, log=log)
+        kb = os.path.join(work, 'kb')
+        if build_knowledge.build(build_knowledge.SRC, kb, imported,
+                                 tools['qrl_compile'], log=log,
+                                 learned_dir=learned) != 0:
+            raise RuntimeError('the knowledge build failed (%s)' % log.name)
     return kb
 
 
@@ -89,7 +80,7 @@ def main(argv):
     parser.add_argument('--folds', type=int, default=5)
     parser.add_argument('--errors', type=int, default=12)
     parser.add_argument('--floor', type=float)
-    parser.add_argument('--scale', type=int, default=DEFAULT_SCALE)
+    parser.add_argument('--scale', type=int, default=learn_knowledge.SCALE)
     parser.add_argument('--no-hunspell', action='store_true')
     parser.add_argument('--dump', help='write every wrong eojul of every fold '
                                        'here: treebank, mode, kind, surface, '
@@ -102,15 +93,7 @@ def main(argv):
     means = {}
     dump_out = open(args.dump, 'w', encoding='utf-8') if args.dump else None
     with tempfile.TemporaryDirectory() as work:
-        imported = None
-        if not args.no_hunspell and os.path.exists(build_knowledge.HUNSPELL_DIC):
-            imported = os.path.join(work, 'hunspell')
-            with open(os.devnull, 'w') as quiet:
-                saved, sys.stdout = sys.stdout, quiet
-                try:
-                    import_hunspell_ko.main(['--out', imported])
-                finally:
-                    sys.stdout = saved
+        imported = None if args.no_hunspell else learn_knowledge.import_hunspell(work)
         for t, (path, blocks) in enumerate(corpora):
             name = os.path.basename(path)
             others = [p for p, _ in corpora if p != path]
@@ -126,8 +109,8 @@ def main(argv):
                 train = os.path.join(fold, 'train.conllu')
                 write_sentences(test, blocks[lo:hi])
                 write_sentences(train, blocks[:lo] + blocks[hi:])
-                kb = learn_knowledge(tools, imported, [train] + others, fold,
-                                     args.scale)
+                kb = fold_knowledge(tools, imported, [train] + others, fold,
+                                    args.scale)
                 for mode in (0, 1):
                     dump = os.path.join(fold, 'errors%d.tsv' % mode)
                     line = run([tools['qrl_eval'], '-k', kb, '-t', str(mode), '-s',

@@ -23,7 +23,7 @@ class FrameTest : public ::testing::Test {
 
 TEST_F(FrameTest, DefaultsAfterConstruction) {
   EXPECT_EQ(Current().indexMask, MAnalyzer::kDefaultIndexMask);
-  for (int option = 0; option < MAnalyzer::kOptionCount; ++option) {
+  for (int option = 0; option < MAnalyzer::kExtendedOptionCount; ++option) {
     EXPECT_EQ(analyzer.Option(option), 0) << option;
   }
   EXPECT_EQ(analyzer.GetEojulCountInSentence(), 0);
@@ -31,7 +31,7 @@ TEST_F(FrameTest, DefaultsAfterConstruction) {
 }
 
 TEST_F(FrameTest, OptionsOutsideTheCatalogueChangeNothing) {
-  analyzer.SetOption(20, 1);
+  analyzer.SetOption(MAnalyzer::kExtendedOptionCount, 1);
   analyzer.SetOption(-1, 1);
   EXPECT_EQ(Current().indexMask, MAnalyzer::kDefaultIndexMask);
   for (int option = 0; option < MAnalyzer::kOptionCount; ++option) {

@@ -138,8 +138,80 @@ TEST(SejongMappingTest, TagListsAreWrittenAsGetStrPosNamesThem) {
   EXPECT_EQ(MappedTagList({{"나", "NP"}, {"도", "JX"}, {"가", "VV"},
                            {"아", "EC"}, {"요", "JX"}}),
             "NP+J_+VV+EM+J_");
-  // A tag outside the Sejong set leaves the list empty.
+  // A tag outside both sets leaves the list empty.
   EXPECT_EQ(MappedTagList({{"가", "nc"}}), "");
+  EXPECT_EQ(MappedTagList({{"가", "XX"}}), "");
+}
+
+TEST(KaistMappingTest, TagListsOfKaistTagsAreThoseOfTheirSejongCounterparts) {
+  using treebank::MappedTagList;
+  const struct {
+    std::vector<treebank::Morpheme> kaist;
+    const char* list;
+  } rows[] = {
+      {{{"학교", "ncn"}, {"에서", "jca"}, {"는", "jxt"}}, "NNG+J_"},
+      {{{"서울", "nq"}, {"이", "jp"}, {"ㅂ니다", "ef"}}, "NNP+VC+EM"},
+      {{{"공부", "ncpa"}, {"하", "xsv"}, {"었", "ep"}, {"다", "ef"}}, "NNG+XSD+EP+EM"},
+      {{{"그립", "paa"}, {"습니다", "ef"}, {".", "sf"}}, "VA+EM+SC"},
+      {{{"찾", "pvg"}, {"아", "ecx"}, {"가", "px"}, {"ㄴ", "etm"}}, "VV+EM+VX+ETM"},
+      {{{"3", "nnc"}, {"개", "nbu"}}, "SN+NNB"},   // digits are a number
+      {{{"셋", "nnc"}}, "NU"},
+      {{{"(", "sl"}, {"The", "f"}, {")", "sr"}}, "SC+FL+SC"},
+      {{{"몹시", "mag"}, {"그", "mmd"}, {"나", "npp"}}, "MA+MM+NP"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(MappedTagList(row.kaist), row.list) << row.kaist[0].form;
+  }
+}
+
+std::vector<TaggedEojul> OneEojul(const char* surface) {
+  return Sentence({{surface, "NNG"}});
+}
+
+TEST(CorpusStatisticsTest, ScaledCountsClearTheFloorsAndKeepTheirProportions) {
+  CorpusStatistics stats;
+  stats.SetScale(100);
+  stats.AddCompound(Pieces({"경기", "관광"}));
+  stats.AddCompound(Pieces({"경기", "관광"}));
+  stats.AddCompound(Pieces({"의료", "관광"}));
+  stats.AddSentence(OneEojul("경기"));
+  // Seen once or twice: 100 and 200, both at or over the floor.
+  EXPECT_EQ(stats.DivInfoText(), Cp949("기 관\t200\n료 관\t100\n"));
+  EXPECT_EQ(stats.PosInfoText(), Cp949("관광\t0\t0\t300\n경기\t200\t0\t0\n"
+                                       "의료\t100\t0\t0\n"));
+  EXPECT_EQ(stats.TagCountText(), "NNG\t1\nFOS\tEOS\t100\n");
+  EXPECT_EQ(stats.WordListText(), Cp949("경기\t100\n"));
+  // A factor below 1 counts as 1.
+  stats.SetScale(0);
+  EXPECT_EQ(stats.DivInfoText(), "");
+}
+
+TEST(CorpusStatisticsTest, WordEntriesNeedTheirSentences) {
+  CorpusStatistics stats;
+  stats.SetMinSentences(2);
+  // 관광 is a piece of compounds in two sentences, 경기 twice in one.
+  stats.AddCompound(Pieces({"경기", "관광"}));
+  stats.AddCompound(Pieces({"경기", "관광"}));
+  stats.AddSentence(Sentence({{"학교", "NNG"}, {"학교", "NNG"}}));
+  stats.AddCompound(Pieces({"의료", "관광"}));
+  stats.AddSentence(Sentence({{"학교", "NNG"}, {"나무", "NNG"}}));
+  for (int i = 0; i < 100; ++i) stats.AddCompound(Pieces({"의료", "관광"}));
+  stats.AddSentence(OneEojul("나무"));
+  stats.SetScale(100);
+  const std::string places = stats.PosInfoText();
+  EXPECT_NE(places.find(Cp949("관광\t")), std::string::npos);
+  EXPECT_NE(places.find(Cp949("의료\t")), std::string::npos);
+  EXPECT_EQ(places.find(Cp949("경기\t")), std::string::npos);
+  // Joints are no word entries and stay.
+  EXPECT_NE(stats.DivInfoText().find(Cp949("기 관")), std::string::npos);
+  EXPECT_EQ(stats.WordListText(), Cp949("학교\t300\n나무\t200\n"));
+  const std::string words = stats.WordCountText();
+  EXPECT_NE(words.find(Cp949("학교-NNG")), std::string::npos);
+  EXPECT_NE(words.find(Cp949("나무-NNG")), std::string::npos);
+  // 학교 is seen three times, in two sentences.
+  stats.SetMinSentences(3);
+  EXPECT_EQ(stats.WordListText(), "");
+  EXPECT_EQ(stats.WordCountText().find(Cp949("학교")), std::string::npos);
 }
 
 }  // namespace
