@@ -259,11 +259,35 @@ class MAnalyzer : public QR_Analyzer {
   // Driver, scoring and narrowing of one eojul (the first steps of
   // RunWithEojul).
   void AnalyzeAndSelect(Eojul& e);
-  // Option 20, after scoring: an eojul whose one candidate is the whole
-  // surface as an unknown word (NNR) becomes the unknown stem and the
-  // longest josa at its end that may follow the stem's last syllable,
-  // the stem keeping two syllables or more.
+  // Option 20, after scoring: when every candidate of a Hangul eojul is
+  // made of nouns (with noun prefixes and suffixes) and at most one josa
+  // at its end, with an unknown piece (NNR) among the nouns, each is read
+  // again by ReadUnknownAgain; repeated readings are left out.
   void GiveUpUnknownEnding(Eojul& e);
+  // A piece of a reading: where it starts in the surface, its bytes, its
+  // mask.
+  struct UnknownPiece {
+    int32_t start;
+    int32_t length;
+    uint32_t mask;
+  };
+  static constexpr int kUnknownPieces = 16;
+  static constexpr int kUnknownCandidates = 8;
+  // Candidate `candidate` of `e` from its first unknown piece on: the
+  // longest josa (a run of josa keys, the first one allowed after the
+  // syllable before it) at the end is given up, the stem keeping two
+  // syllables (behind known pieces the unknown piece may be all josa);
+  // the stem is then divided by
+  // DivideUnknownStem. Writes the pieces of the whole candidate into
+  // `out`; returns their number, 0 when the candidate isn't of the shape.
+  int ReadUnknownAgain(Eojul& e, int candidate, UnknownPiece* out) const;
+  // The stem (length bytes of Hangul) as a known noun, else as a known
+  // noun of two syllables or more and a noun suffix of one, else as two
+  // known nouns (the longest head first, of two syllables or more), else
+  // whole as NNR. Starts are relative to the stem. Returns the number of
+  // pieces.
+  int DivideUnknownStem(const char* stem, int32_t length,
+                        UnknownPiece pieces[2]) const;
   // Narrows the view of `e` to the candidates up to the first with a user
   // noun.
   void KeepToUserNoun(Eojul& e);
@@ -416,7 +440,11 @@ class MAnalyzer : public QR_Analyzer {
   // of the unknown-word fallback; pieceText a piece of it.
   StringEx workText;
   StringEx pieceText;
-  StringEx unknownText;  // the surface that GiveUpUnknownEnding rewrites
+  // GiveUpUnknownEnding's surface and readings.
+  StringEx unknownText;
+  UnknownPiece unknownPieces[kUnknownCandidates][kUnknownPieces];
+  int unknownCounts[kUnknownCandidates] = {};
+  double unknownScores[kUnknownCandidates] = {};
   EojulPool eojulPool;
   TokenMemo tokenMemo;
   bool tokenMemoOn = true;

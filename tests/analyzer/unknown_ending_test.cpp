@@ -2,6 +2,7 @@
 // the josa at its end, and only then.
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -46,6 +47,32 @@ TEST(UnknownEndingTest, TheJosaOfAnUnknownWordGoesOnlyWithTheOption) {
       EXPECT_EQ(off, std::vector<std::string>{std::string(c.eojul) + "/NNR"})
           << c.eojul;
     }
+  }
+}
+
+std::map<std::string, std::string> WithSuffixes() {
+  std::map<std::string, std::string> files = SmallKnowledge();
+  files["xsn.dic"] = "들\n";
+  files["js.dic"] += "의\t의/JKG 0\n";
+  return files;
+}
+
+// The stem of an unknown word is read as known words when it is plainly
+// made of them, and an unknown piece takes the known pieces behind it.
+const Case kStems[] = {
+    {"도서관사과에서", "도서관/NNG+사과/NNG+에서/J_"},  // two known nouns
+    {"도서관들에서", "도서관/NNG+들/XSN+에서/J_"},      // a noun and a suffix
+    {"쿠팡사과의", "쿠팡사과/NNR+의/J_"},              // unknown + known: one word
+    {"학교쿠팡에서도", "학교쿠팡/NNR+에서도/J_"},      // a josa chain goes whole
+    {"쿠팡에서의", "쿠팡/NNR+에서의/J_"},
+};
+
+TEST(UnknownEndingTest, TheStemIsReadAsTheKnownWordsItIsMadeOf) {
+  DriverFixture fixture(WithSuffixes());
+  fixture.analyzer.SetOption(20, 1);
+  for (const Case& c : kStems) {
+    EXPECT_EQ(Candidates(fixture.Run(c.eojul)), std::vector<std::string>{c.withOption})
+        << c.eojul;
   }
 }
 
