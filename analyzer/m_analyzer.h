@@ -64,7 +64,10 @@ class MAnalyzer : public QR_Analyzer {
   // Options from 20 on go beyond the catalogue; all are off (0) by default.
   // 20: an eojul left as one unknown word gives up the josa at its end.
   static constexpr int kUnknownEndingOption = 20;
-  static constexpr int kExtendedOptionCount = 21;
+  // 21: tagging mode 1 places, of candidates with the same tag list, the
+  // one that BestCandidate would take among them.
+  static constexpr int kScoreTieOption = 21;
+  static constexpr int kExtendedOptionCount = 22;
   static constexpr int kLevelCount = 5;
   static constexpr int kLineLimit = 66560;
   // N_ with NNG, NNP, NNU, NP, NNI, NNC, NFG and NFU.

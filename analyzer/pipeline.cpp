@@ -206,6 +206,7 @@ void MAnalyzer::Tagging(int mode) {
   // Messages of the tagger (a wrong mode, a faulty rule) go to standard
   // error; the knowledge is bound anew in case SetKnowledge changed it.
   tagger.Bind(Knowledge(), nullptr);
+  tagger.statTagger.scoreBreaksTies = options[kScoreTieOption] > 0;
   SetAsideUnused();
   tagger.Tagging(sentence, mode);
   sentenceCount = sentence.size();

@@ -38,13 +38,27 @@ void StatTagger::StatTag() {
       }
     }
     if (found == 1) {
-      Select(sinfo.results[sinfo.best].current);
+      const int chosen = sinfo.results[sinfo.best].current;
+      Select(scoreBreaksTies ? BestOfTagList(chosen) : chosen);
       continue;
     }
     TailMemory memory;
     for (int c = 0; c < current->GetListSize(); ++c) TailStep(c, memory);
     FinalChoice(memory);
   }
+}
+
+int StatTagger::BestOfTagList(int chosen) {
+  TagListString(*current, chosen, tagList);
+  int best = chosen;
+  for (int c = 0; c < current->GetListSize(); ++c) {
+    const double score = current->GetScore(c), bestScore = current->GetScore(best);
+    // As BestCandidate chooses: of equal scores the later one.
+    if (c == chosen || score < bestScore || (score == bestScore && c < best)) continue;
+    TagListString(*current, c, otherTagList);
+    if (otherTagList == tagList) best = c;
+  }
+  return best;
 }
 
 void StatTagger::LeftContext(int i) {

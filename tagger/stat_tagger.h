@@ -22,6 +22,11 @@ class StatTagger : public TaggerPass {
 
   const Dictionary* dictionary = nullptr;
   StatInfo sinfo;
+  // Analyzer option 21: of candidates with the same tag list, which the
+  // model can't tell apart (준다 as 주 + ㄴ다 and 줄 + ㄴ다), the one that
+  // BestCandidate would take among them is placed (the higher score, of
+  // equal scores the later one); off, the first one the model met.
+  bool scoreBreaksTies = false;
 
  private:
   // prevId and prevProb from the chosen previous eojul, or "FOS".
@@ -35,7 +40,12 @@ class StatTagger : public TaggerPass {
   double WordProbability(const char* surface, const std::string& tagList,
                          int32_t total);
 
+  // The candidate BestCandidate would take among those with the tag list
+  // of candidate `chosen`.
+  int BestOfTagList(int chosen);
+
   std::string tagList;
+  std::string otherTagList;
   std::string wordKey;
 };
 

@@ -30,7 +30,7 @@ import learn_knowledge  # noqa: E402
 
 FIGURES = ('morpheme_f1', 'segmentation_f1', 'eojul_accuracy')
 # The choices of the comparison (knowledge-src/README.md, Evaluation).
-EVAL_OPTIONS = ['-o', '12=1', '-o', '13=1', '-o', '20=1']
+EVAL_OPTIONS = ['-o', '12=1', '-o', '13=1', '-o', '20=1', '-o', '21=1']
 
 
 def read_sentences(path):

@@ -43,9 +43,10 @@ const char kUsage[] =
     "  -n, --candidates N      candidates kept per eojul, best first\n"
     "                          (0: all, in stored order; default 0)\n"
     "  -t, --tagging MODE      run the tagger: 0 (rules) or 1 (statistics)\n"
-    "  -o, --option N=V        analyzer option N (0-20) set to V; repeatable;\n"
-    "                          20 (on here, off in the library): an\n"
-    "                          unknown word gives up the josa at its end\n"
+    "  -o, --option N=V        analyzer option N (0-21) set to V; repeatable;\n"
+    "                          on here, off in the library: 20, an unknown\n"
+    "                          word gives up the josa at its end; 21, mode 1\n"
+    "                          breaks ties of one tag list by score\n"
     "  -u, --user-nouns FILE   add the user nouns of FILE; repeatable\n"
     "  -p, --pre-analysis FILE add the pre-analysed eojuls of FILE; repeatable\n"
     "      --raw               ignore pre-analysis entries\n"
@@ -71,8 +72,9 @@ bool ParseInt(const std::string& text, int& value) {
 }
 
 // Options 0-19, and those beyond the catalogue (20: an unknown word gives
-// up its josa), which this command turns on unless told otherwise.
-constexpr int kLastOption = 20;
+// up its josa; 21: mode 1 breaks ties by score), which this command turns
+// on unless told otherwise.
+constexpr int kLastOption = 21;
 
 bool ParseOption(const std::string& text, std::pair<int, int>& option) {
   size_t equals = text.find('=');
@@ -141,7 +143,7 @@ int ParseAnalysis(int argc, char** argv, AnalysisSettings& settings) {
     } else if (arg == "-o" || arg == "--option") {
       std::pair<int, int> option;
       if (!next(v) || !ParseOption(v, option)) {
-        return Fail(arg + " takes N=V with N from 0 to 20", 2);
+        return Fail(arg + " takes N=V with N from 0 to 21", 2);
       }
       settings.options.push_back(option);
     } else if (arg == "-u" || arg == "--user-nouns") {

@@ -127,6 +127,34 @@ TEST_F(ModeOneTest, WordProbabilityAloneDecides) {
   EXPECT_EQ(s.results[0].current, 0);
 }
 
+TEST_F(ModeOneTest, ScoresBreakTiesOfOneTagListOnlyWithTheOption) {
+  dir.Write("tag_list.txt", kTagList);
+  dir.Write("taglist.klg", "VV+EM\t1\nFOS\tEOS\t5\n");
+  Load();
+  // 준다: two readings of one tag list, which the model can't tell apart,
+  // and a noun reading it doesn't know.
+  const struct {
+    bool option;
+    double first, second;
+    const char* chosen;
+  } rows[] = {
+      {false, 0.5, 0.5, "줄/VV+ㄴ다/EM"},  // the first the model met
+      {false, 0.4, 0.5, "줄/VV+ㄴ다/EM"},
+      {true, 0.5, 0.5, "주/VV+ㄴ다/EM"},   // of equal scores the later one
+      {true, 0.4, 0.5, "주/VV+ㄴ다/EM"},   // the higher score
+      {true, 0.6, 0.5, "줄/VV+ㄴ다/EM"},
+  };
+  for (const auto& row : rows) {
+    SentenceBuilder b;
+    b.Add("준다")
+        .Candidate({{"줄", Pos::VV}, {"ㄴ다", Pos::EM}}, row.first)
+        .Candidate({{"주", Pos::VV}, {"ㄴ다", Pos::EM}}, row.second)
+        .Candidate({{"준다", Pos::NNG}}, 0.9);
+    tagger.statTagger.scoreBreaksTies = row.option;
+    EXPECT_EQ(Tag(b)[0], row.chosen) << row.option << " " << row.first;
+  }
+}
+
 TEST_F(ModeOneTest, EojulRuleComesFirst) {
   dir.Write("tag_list.txt", kTagList);
   dir.Write("erule.klg", "가\t0\n");

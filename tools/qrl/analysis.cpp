@@ -82,8 +82,10 @@ bool Session::Start() {
   if (settings.raw) analyzer->SetRawOutput();
   analyzer->SetOption(0, settings.candidates);
   // Beyond the library's defaults, what a user of the command expects: an
-  // unknown word gives up its josa (the options below may turn it off).
+  // unknown word gives up its josa, and tagging mode 1 breaks ties of one
+  // tag list by score (the options below may turn them off).
   analyzer->SetOption(MAnalyzer::kUnknownEndingOption, 1);
+  analyzer->SetOption(MAnalyzer::kScoreTieOption, 1);
   for (const auto& option : settings.options) {
     analyzer->SetOption(option.first, option.second);
   }
