@@ -26,6 +26,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   a->SetOption(17, (b0 >> 3) & 3);
   a->SetOption(1, (b0 >> 5) & 3);
   a->SetOption(3, (b0 >> 7) & 1);
+  a->SetOption(20, (b0 >> 7) & 1);  // shares its bit with option 3
   for (int k = 0; k < 8; ++k) {
     static const int kSwitches[8] = {11, 12, 13, 14, 15, 16, 18, 19};
     a->SetOption(kSwitches[k], (b1 >> k) & 1);

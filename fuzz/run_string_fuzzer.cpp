@@ -32,6 +32,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   a->SetOption(1, (b2 >> 2) & 3);
   a->SetOption(2, (b2 >> 4) & 3);
   for (int option = 3; option <= 8; ++option) a->SetOption(option, (b2 >> 6) & 1);
+  // The options beyond the catalogue share their bits with others.
+  a->SetOption(20, (b2 >> 6) & 1);
+  a->SetOption(21, (b0 >> 3) & 1);
   a->SetOption(b2 & 0x80 ? 9 : 10, 0x00070000 | (b0 << 8));
   if (b0 & 0x40) a->SetRawOutput();
 

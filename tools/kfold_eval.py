@@ -29,6 +29,13 @@ import build_knowledge  # noqa: E402
 import learn_knowledge  # noqa: E402
 
 FIGURES = ('morpheme_f1', 'segmentation_f1', 'eojul_accuracy')
+# The choices of the comparison, each also measured switched off (in both
+# modes), so that nothing is hidden; later options override EVAL_OPTIONS.
+VARIANTS = [
+    ('endings as written (-f none)', ['-f', 'none']),
+    ('options 20, 21 off (the library)', ['-o', '20=0', '-o', '21=0']),
+    ('options 12, 13 off', ['-o', '12=0', '-o', '13=0']),
+]
 # The choices of the comparison (knowledge-src/README.md, Evaluation).
 EVAL_OPTIONS = ['-o', '12=1', '-o', '13=1', '-o', '20=1', '-o', '21=1']
 
@@ -98,6 +105,7 @@ def main(argv):
             name = os.path.basename(path)
             others = [p for p, _ in corpora if p != path]
             results = collections.defaultdict(list)
+            variants = collections.defaultdict(list)
             errors = {0: collections.Counter(), 1: collections.Counter()}
             examples = {}
             k = min(args.folds, len(blocks))
@@ -117,6 +125,10 @@ def main(argv):
                                 '-d', dump] + EVAL_OPTIONS + [test]).split('\n')[0]
                     results[mode].append(figures(line))
                     print('%s fold %d/%d mode %d: %s' % (name, i + 1, k, mode, line))
+                    for label, extra in VARIANTS:
+                        line = run([tools['qrl_eval'], '-k', kb, '-t', str(mode), '-s']
+                                   + EVAL_OPTIONS + extra + [test]).split('\n')[0]
+                        variants[(label, mode)].append(figures(line))
                     with open(dump, encoding='utf-8') as f:
                         for row in f:
                             cells = row.rstrip('\n').split('\t')
@@ -130,6 +142,13 @@ def main(argv):
                 means[(t, mode)] = mean
                 print('mode %d: %s' % (mode, ' '.join(
                     '%s=%.4f' % (f, mean[f]) for f in FIGURES)))
+            for label, _ in VARIANTS:
+                print('  %-34s %s' % (label + ':', '  '.join(
+                    'mode %d morpheme_f1=%.4f eojul_accuracy=%.4f' % (
+                        mode,
+                        sum(r['morpheme_f1'] for r in variants[(label, mode)]) / k,
+                        sum(r['eojul_accuracy'] for r in variants[(label, mode)]) / k)
+                    for mode in (0, 1))))
             best = max((0, 1), key=lambda m: means[(t, m)]['morpheme_f1'])
             print('most frequent error kinds, mode %d (wrong eojuls: %d):' % (
                 best, sum(errors[best].values())))

@@ -16,6 +16,16 @@ public class QR_Analyzer extends NativeObject {
     NativeLibrary.load();
   }
 
+  /**
+   * Options beyond the native catalogue that this binding turns on for every
+   * analyzer (the native library leaves them off): 20, an unknown word gives
+   * up its josa and is divided into the known words it is made of; 21,
+   * tagging mode 1 breaks ties of one tag list by score. setOption(n, 0)
+   * turns one off.
+   */
+  public static final int OPTION_UNKNOWN_ENDING = 20;
+  public static final int OPTION_SCORE_TIES = 21;
+
   /** Bits of setExOption: keep the sentence, print each eojul, tagging mode. */
   public static final int EX_KEEP_SENTENCE = 1;
   public static final int EX_PRINT = 2;
@@ -56,6 +66,13 @@ public class QR_Analyzer extends NativeObject {
     }
     this.knowledge = knowledge;
     this.eojul = eojul;
+    setDefaultOptions();
+  }
+
+  private void setDefaultOptions() {
+    long self = live();
+    jniSetOption(OPTION_UNKNOWN_ENDING, 1, self);
+    jniSetOption(OPTION_SCORE_TIES, 1, self);
   }
 
   boolean isRun(int expected) {
@@ -72,7 +89,8 @@ public class QR_Analyzer extends NativeObject {
 
   /**
    * Makes `next` the current eojul. This re-initialises the analyzer: options
-   * and output bits must be set again afterwards.
+   * and output bits must be set again afterwards (options 20 and 21 are set
+   * on again here).
    */
   public int setEojul(QR_Eojul next) {
     long self = live();
@@ -82,10 +100,11 @@ public class QR_Analyzer extends NativeObject {
     }
     eojul = next;
     exOption = 0;
+    setDefaultOptions();
     return result;
   }
 
-  /** Sets numbered option 0 to 19; others are ignored. */
+  /** Sets numbered option 0 to 21; others are ignored. */
   public void setOption(int option, int value) {
     jniSetOption(option, value, live());
   }
