@@ -67,7 +67,10 @@ class MAnalyzer : public QR_Analyzer {
   // 21: tagging mode 1 places, of candidates with the same tag list, the
   // one that BestCandidate would take among them.
   static constexpr int kScoreTieOption = 21;
-  static constexpr int kExtendedOptionCount = 22;
+  // 22: tagging mode 1 leaves an eojul whose word its frequency model
+  // doesn't know to the rules of mode 0.
+  static constexpr int kCascadeForUnknownOption = 22;
+  static constexpr int kExtendedOptionCount = 23;
   static constexpr int kLevelCount = 5;
   static constexpr int kLineLimit = 66560;
   // N_ with NNG, NNP, NNU, NP, NNI, NNC, NFG and NFU.

@@ -207,6 +207,7 @@ void MAnalyzer::Tagging(int mode) {
   // error; the knowledge is bound anew in case SetKnowledge changed it.
   tagger.Bind(Knowledge(), nullptr);
   tagger.statTagger.scoreBreaksTies = options[kScoreTieOption] > 0;
+  tagger.cascadeForUnknownWords = options[kCascadeForUnknownOption] > 0;
   SetAsideUnused();
   tagger.Tagging(sentence, mode);
   sentenceCount = sentence.size();

@@ -35,6 +35,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   // The options beyond the catalogue share their bits with others.
   a->SetOption(20, (b2 >> 6) & 1);
   a->SetOption(21, (b0 >> 3) & 1);
+  a->SetOption(22, (b2 >> 7) & 1);
   a->SetOption(b2 & 0x80 ? 9 : 10, 0x00070000 | (b0 << 8));
   if (b0 & 0x40) a->SetRawOutput();
 

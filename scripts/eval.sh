@@ -8,9 +8,10 @@
 # eojul accuracy, then the most frequent error kinds. The comparison runs
 # as a user of the qrl command analyses prose: options 12 and 13 on (Latin
 # words keep their case, "." and "," inside a number belong to it) and
-# option 20 on (an unknown word gives up its josa); endings folded
+# options 20 to 22 on (an unknown word gives up its josa; mode 1 breaks
+# ties by score and leaves unknown words to the rules); endings folded
 # (knowledge-src/README.md). Fails only when a build fails or when
-# QRLSL_EVAL_FLOOR (a morpheme F1, e.g. 0.89) is set and the better mode's
+# QRLSL_EVAL_FLOOR (a morpheme F1, e.g. 0.90) is set and the better mode's
 # mean on GSD dev falls below it. Skips cleanly when the corpus is absent.
 # Usage: scripts/eval.sh [build-dir]   (default: build-eval)
 set -euo pipefail

@@ -23,6 +23,11 @@ void StatTagger::StatTag() {
     LeftContext(i);
     RightContext(i);
     int found = CurrentWord();
+    if (cascadeChoices != nullptr && sinfo.curWord.empty() &&
+        static_cast<size_t>(i) < cascadeChoices->size()) {
+      Select((*cascadeChoices)[i]);
+      continue;
+    }
     if (found == 0) {
       // The word alone decides, its probability taken as it is.
       for (const WordFreqInfo& w : sinfo.curWord) {

@@ -7,6 +7,7 @@
 #define QRLSL_TAGGER_STAT_TAGGER_H_
 
 #include <string>
+#include <vector>
 
 #include "tagger/stat_model.h"
 #include "tagger/tagger_pass.h"
@@ -27,6 +28,10 @@ class StatTagger : public TaggerPass {
   // BestCandidate would take among them is placed (the higher score, of
   // equal scores the later one); off, the first one the model met.
   bool scoreBreaksTies = false;
+  // Analyzer option 22: for each eojul of the input, the candidate that the
+  // rules of mode 0 place; when set, an eojul whose word the frequency
+  // model doesn't know under any of its tag lists takes it.
+  const std::vector<int>* cascadeChoices = nullptr;
 
  private:
   // prevId and prevProb from the chosen previous eojul, or "FOS".

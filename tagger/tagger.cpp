@@ -30,6 +30,19 @@ int Tagger::Run(int mode) {
   ruledPointers.clear();
   for (Eojul& e : results) ruledPointers.push_back(&e);
   statTagger.input = &ruledPointers;
+  statTagger.cascadeChoices = nullptr;
+  if (cascadeForUnknownWords) {
+    // The rules of mode 0 over what the rule pass left, on a copy: the
+    // pointers above stay on the rule pass's results.
+    ruled.clear();
+    for (const Eojul& e : results) ruled.emplace_back(e);
+    ruledPointers.clear();
+    for (Eojul& e : ruled) ruledPointers.push_back(&e);
+    input = &ruledPointers;
+    CascadeTag();
+    cascadeChoices = placedChoices;
+    statTagger.cascadeChoices = &cascadeChoices;
+  }
   statTagger.StatTag();
   std::swap(results, statTagger.results);
   resultCount = statTagger.resultCount;

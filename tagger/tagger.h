@@ -43,6 +43,9 @@ class Tagger : public TaggerPass {
 
   StatTagger statTagger;
   const Dictionary* dictionary = nullptr;
+  // Analyzer option 22: mode 1 leaves an eojul whose word the frequency
+  // model doesn't know to the rules of mode 0.
+  bool cascadeForUnknownWords = false;
 
  private:
   std::ostream& Log();
@@ -59,6 +62,8 @@ class Tagger : public TaggerPass {
   std::ostream* log = nullptr;
   std::vector<Eojul*> sentencePointers;
   std::vector<Eojul*> ruledPointers;
+  std::vector<Eojul> ruled;       // the rule pass's results, for option 22
+  std::vector<int> cascadeChoices;
 };
 
 }  // namespace Quorel

@@ -29,11 +29,14 @@ size_t Length(const char* text) {
 
 void TaggerPass::ClearResults() {
   results.clear();
+  placedChoices.clear();
   resultCount = 0;
 }
 
 void TaggerPass::Place(const Eojul& e) {
   results.push_back(e);
+  placedChoices.push_back(pendingChoice);
+  pendingChoice = 0;
   ++resultCount;
   done = 1;
 }
@@ -73,6 +76,7 @@ void TaggerPass::Select(int c) {
   }
   temp.SetCandidateScore(e.GetScore(c));
   temp.EndCandidate();
+  pendingChoice = c;
   Place(temp);
 }
 

@@ -34,6 +34,9 @@ class TaggerPass {
   std::vector<Eojul> results;
   int32_t resultCount = 0;
   int32_t done = 0;
+  // For each placed eojul, in order, the candidate placed (0 for an eojul
+  // placed as it stands). Cleared with the results.
+  std::vector<int> placedChoices;
 
  protected:
   // Empties the results.
@@ -51,6 +54,8 @@ class TaggerPass {
   void SetNeighbours(int i);
   // Places candidate c of the current eojul, alone, with its score.
   void Select(int c);
+  // The candidate that the next Place records.
+  int pendingChoice = 0;
   // The tail's two steps for candidate c of the current eojul.
   void TailStep(int c, TailMemory& memory);
   // The tail's choice when no rule has placed the current eojul.

@@ -33,11 +33,11 @@ FIGURES = ('morpheme_f1', 'segmentation_f1', 'eojul_accuracy')
 # modes), so that nothing is hidden; later options override EVAL_OPTIONS.
 VARIANTS = [
     ('endings as written (-f none)', ['-f', 'none']),
-    ('options 20, 21 off (the library)', ['-o', '20=0', '-o', '21=0']),
+    ('options 20-22 off (the library)', ['-o', '20=0', '-o', '21=0', '-o', '22=0']),
     ('options 12, 13 off', ['-o', '12=0', '-o', '13=0']),
 ]
 # The choices of the comparison (knowledge-src/README.md, Evaluation).
-EVAL_OPTIONS = ['-o', '12=1', '-o', '13=1', '-o', '20=1', '-o', '21=1']
+EVAL_OPTIONS = ['-o', '12=1', '-o', '13=1', '-o', '20=1', '-o', '21=1', '-o', '22=1']
 
 
 def read_sentences(path):

@@ -18,8 +18,12 @@ tag as one morpheme of an open class, each seen in at least two sentences:
   suffix.txt  noun suffixes that the treebanks divide from the noun before
            them in nine cases of ten or more (적, 님): the build divides
            every known noun made of a noun and such a suffix likewise.
+  preanal.sys.dic  eojuls of one token (no mark attached) that the
+           treebanks read one way in nine uses of ten or more, with that
+           reading in the analyzer's tag names, a josa chain as one josa.
 
-Only words are written, with no count, context or sentence.
+Only words and their readings are written, with no count, context or
+sentence.
 Usage: learn_lexicon.py [--out DIR] [--min-sentences N] FILE.conllu...
 """
 import argparse
@@ -45,8 +49,9 @@ HEADER = ('; Learned from the UD Korean GSD and Kaist treebanks (CC BY-SA 4.0,\n
 
 
 def sentences(path):
-    """Yields the tokens (surface, morphemes as (form, tag)) of each sentence;
-    a token whose lemmas and tags don't pair up has no morphemes."""
+    """Yields the tokens (surface, morphemes as (form, tag), space after)
+    of each sentence; a token whose lemmas and tags don't pair up has no
+    morphemes."""
     tokens = []
     with open(path, encoding='utf-8') as f:
         for raw in f:
@@ -68,7 +73,7 @@ def sentences(path):
             tags = fields[4].split('+')
             forms = [lemma] if len(tags) == 1 else lemma.split('+')
             morphemes = list(zip(forms, tags)) if len(forms) == len(tags) else []
-            tokens.append((fields[1], morphemes))
+            tokens.append((fields[1], morphemes, 'SpaceAfter=No' not in fields[9]))
     if tokens:
         yield tokens
 
@@ -103,6 +108,51 @@ def division(run):
     return text
 
 
+# The names of the analyzer's tags for the corpus tags, as tools/treebank.h
+# maps them (knowledge-src/README.md); a pre-analysis entry is written only
+# when every tag of it has one.
+SYSTEM_TAGS = {
+    'NNG': 'NNG', 'NNP': 'NNP', 'NNB': 'NNB', 'NR': 'NU', 'NP': 'NP',
+    'XR': 'NNG', 'VV': 'VV', 'VA': 'VA', 'VX': 'VX', 'VCP': 'VC', 'VCN': 'VA',
+    'MM': 'MM', 'MAG': 'MAG', 'MAJ': 'MAJ', 'IC': 'IC', 'JKS': 'JK',
+    'JKC': 'JK', 'JKG': 'JKG', 'JKO': 'JK', 'JKB': 'JK', 'JKV': 'JK',
+    'JKQ': 'JK', 'JX': 'JX', 'JC': 'JC', 'EP': 'EP', 'EF': 'EF', 'EC': 'EC',
+    'ETN': 'ETN', 'ETM': 'ETM', 'XPN': 'XP', 'XSN': 'XSN', 'XSV': 'XSV',
+    'XSA': 'XSA',
+    'ncn': 'NNG', 'ncpa': 'NNG', 'ncps': 'NNG', 'ncr': 'NNG', 'nq': 'NNP',
+    'nbn': 'NNB', 'nbs': 'NNB', 'nbu': 'NNB', 'npp': 'NP', 'npd': 'NP',
+    'nnc': 'NU', 'nno': 'NU', 'pvg': 'VV', 'pvd': 'VV', 'paa': 'VA',
+    'pad': 'VA', 'px': 'VX', 'jp': 'VC', 'mma': 'MM', 'mmd': 'MM',
+    'mag': 'MAG', 'mad': 'MAG', 'maj': 'MAJ', 'ii': 'IC', 'jcs': 'JK',
+    'jcc': 'JK', 'jco': 'JK', 'jca': 'JK', 'jcv': 'JK', 'jcr': 'JK',
+    'jcm': 'JKG', 'jxc': 'JX', 'jxf': 'JX', 'jxt': 'JX', 'jcj': 'JC',
+    'jct': 'JC', 'ep': 'EP', 'ef': 'EF', 'ecc': 'EC', 'ecs': 'EC',
+    'ecx': 'EC', 'etn': 'ETN', 'etm': 'ETM', 'xp': 'XP', 'xsn': 'XSN',
+    'xsv': 'XSV', 'xsm': 'XSA', 'xsa': 'XSA',
+}
+# An eojul gets a pre-analysis entry when one analysis has this share of
+# its uses, in at least MIN sentences.
+PREANALYSIS_SHARE = 0.9
+
+
+JOSA_NAMES = {'JK', 'JKG', 'JX', 'JC', 'J_'}
+
+
+def analysis_text(morphemes):
+    """form/TAG+... in the analyzer's tag names, or None. A run of josa is
+    one morpheme, as the analyzer writes a josa chain (에서의/J_)."""
+    parts = []
+    for form, tag in morphemes:
+        name = SYSTEM_TAGS.get(tag)
+        if name is None or not form or '+' in form or '/' in form or '@' in form:
+            return None
+        if name in JOSA_NAMES and parts and parts[-1][1] in JOSA_NAMES:
+            parts[-1] = (parts[-1][0] + form, 'J_')
+        else:
+            parts.append((form, name))
+    return '+'.join(form + '/' + name for form, name in parts)
+
+
 # A suffix is divided when the treebanks divide it this often, in at least
 # this many words.
 SUFFIX_SHARE = 0.9
@@ -116,11 +166,18 @@ def learn(paths, min_sentences):
     divided = collections.defaultdict(set)    # word -> sentences
     pieces = collections.defaultdict(collections.Counter)
     suffix_words = collections.defaultdict(set)  # suffix -> divided words
+    analyses = collections.defaultdict(collections.Counter)  # eojul -> uses
+    eojul_sentences = collections.defaultdict(set)
     number = 0
     for path in paths:
         for tokens in sentences(path):
             number += 1
-            for _, morphemes in tokens:
+            for index, (surface, morphemes, _) in enumerate(tokens):
+                alone = ((index == 0 or tokens[index - 1][2]) and tokens[index][2])
+                if alone and HANGUL.match(surface) and morphemes:
+                    analyses[surface][analysis_text(morphemes)] += 1
+                    eojul_sentences[surface].add(number)
+            for _, morphemes, _ in tokens:
                 for form, tag in morphemes:
                     if not HANGUL.match(form):
                         continue
@@ -156,13 +213,20 @@ def learn(paths, min_sentences):
         if (len(words) >= SUFFIX_MIN_WORDS and
                 len(words) >= SUFFIX_SHARE * (len(words) + len(kept - words))):
             suffixes.append(suffix)
+    preanalysis = {}
+    for eojul, uses in sorted(analyses.items()):
+        text, count = uses.most_common(1)[0]
+        if (text and len(eojul_sentences[eojul]) >= min_sentences and
+                count >= PREANALYSIS_SHARE * sum(uses.values())):
+            preanalysis[eojul] = text
+    lists['preanal.sys.dic'] = ['%s\t%s' % item for item in sorted(preanalysis.items())]
     return lists, splits, suffixes
 
 
 def write(out, lists, splits, suffixes, min_sentences):
     os.makedirs(out, exist_ok=True)
     header = HEADER.format(min=min_sentences)
-    for name in CLASSES:
+    for name in list(CLASSES) + ['preanal.sys.dic']:
         with open(os.path.join(out, name), 'w', encoding='utf-8') as f:
             f.write(header)
             for word in lists.get(name, []):

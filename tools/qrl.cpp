@@ -43,10 +43,12 @@ const char kUsage[] =
     "  -n, --candidates N      candidates kept per eojul, best first\n"
     "                          (0: all, in stored order; default 0)\n"
     "  -t, --tagging MODE      run the tagger: 0 (rules) or 1 (statistics)\n"
-    "  -o, --option N=V        analyzer option N (0-21) set to V; repeatable;\n"
+    "  -o, --option N=V        analyzer option N (0-22) set to V; repeatable;\n"
     "                          on here, off in the library: 20, an unknown\n"
     "                          word gives up the josa at its end; 21, mode 1\n"
-    "                          breaks ties of one tag list by score\n"
+    "                          breaks ties of one tag list by score; 22,\n"
+    "                          mode 1 leaves words its statistics don't\n"
+    "                          know to the rules of mode 0\n"
     "  -u, --user-nouns FILE   add the user nouns of FILE; repeatable\n"
     "  -p, --pre-analysis FILE add the pre-analysed eojuls of FILE; repeatable\n"
     "      --raw               ignore pre-analysis entries\n"
@@ -72,9 +74,10 @@ bool ParseInt(const std::string& text, int& value) {
 }
 
 // Options 0-19, and those beyond the catalogue (20: an unknown word gives
-// up its josa; 21: mode 1 breaks ties by score), which this command turns
-// on unless told otherwise.
-constexpr int kLastOption = 21;
+// up its josa; 21: mode 1 breaks ties by score; 22: mode 1 leaves unknown
+// words to the rules of mode 0), which this command turns on unless told
+// otherwise.
+constexpr int kLastOption = 22;
 
 bool ParseOption(const std::string& text, std::pair<int, int>& option) {
   size_t equals = text.find('=');
@@ -143,7 +146,7 @@ int ParseAnalysis(int argc, char** argv, AnalysisSettings& settings) {
     } else if (arg == "-o" || arg == "--option") {
       std::pair<int, int> option;
       if (!next(v) || !ParseOption(v, option)) {
-        return Fail(arg + " takes N=V with N from 0 to 21", 2);
+        return Fail(arg + " takes N=V with N from 0 to 22", 2);
       }
       settings.options.push_back(option);
     } else if (arg == "-u" || arg == "--user-nouns") {

@@ -23,9 +23,10 @@ class QR_Analyzer {
   // index mask must be set again afterwards.
   virtual int SetEojul(QR_Eojul* eojul) = 0;
   // Numbered options 0 to 19, and 20 (an unknown word gives up its josa
-  // and is divided into the known words it is made of) and 21 (tagging
-  // mode 1 breaks ties of one tag list by score), both off by default;
-  // others are ignored.
+  // and is divided into the known words it is made of), 21 (tagging mode 1
+  // breaks ties of one tag list by score) and 22 (tagging mode 1 leaves
+  // words its statistics don't know to the rules of mode 0), all off by
+  // default; others are ignored.
   virtual void SetOption(int option, int value) = 0;
   // Output-mode bits: 1 keep the sentence, 2 print, 4 tagging mode.
   // Returns the stored low byte.

@@ -70,7 +70,7 @@ TEST_F(AnalyseTest, BadUsageExitsNonZeroWithAMessage) {
   const std::vector<std::vector<std::string>> bad = {
       {"--bogus"},         {"-x"},           {"-f", "yaml"},
       {"-f"},              {"-n", "two"},    {"-n", "-1"},
-      {"-t", "2"},         {"-o", "22=1"},   {"-o", "3"},
+      {"-t", "2"},         {"-o", "23=1"},   {"-o", "3"},
       {"-o", "a=1"},       {"--knowledge"},  {"--candidates=x"},
       {"compile"},         {"scramble"},     {"stopword", "file"},
       {"synonym", "file"}};

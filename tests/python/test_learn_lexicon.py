@@ -10,8 +10,8 @@ import build_knowledge  # noqa: E402
 import learn_lexicon  # noqa: E402
 
 
-def token(surface, lemma, xpos, number=1):
-    return '%d\t%s\t%s\t_\t%s\t_\t0\t_\t_\t_' % (number, surface, lemma, xpos)
+def token(surface, lemma, xpos, misc='_', number=1):
+    return '%d\t%s\t%s\t_\t%s\t_\t0\t_\t_\t%s' % (number, surface, lemma, xpos, misc)
 
 
 def treebank(tmp_path, sentences, name='t.conllu'):
@@ -73,6 +73,23 @@ def test_a_suffix_is_divided_when_the_treebank_divides_it_in_nine_words_of_ten(t
     sentences += [[('문명', '문명', 'NNG')], [('문명적', '문명적', 'NNG')]]
     _, _, suffixes = learn_lexicon.learn([treebank(tmp_path, sentences, 'u.conllu')], 2)
     assert suffixes == []
+
+
+def test_eojuls_of_one_reading_in_nine_uses_of_ten_are_pre_analysed(tmp_path):
+    sentences = [
+        [('학교에서의', '학교+에서+의', 'NNG+JKB+JKG'), ('갔다', '가+았+다', 'VV+EP+EF')],
+        [('학교에서의', '학교+에서+의', 'ncn+jca+jcm'), ('갔다', '가+았+다', 'VV+EP+EF')],
+        # 있다 read two ways: no entry; 나무 in one sentence only.
+        [('있다', '있+다', 'VV+EF'), ('나무', '나무', 'NNG')],
+        [('있다', '있+다', 'paa+ef')],
+        # An eojul with a mark attached is no single token: no entry.
+        [('좋다', '좋+다', 'VA+EF', 'SpaceAfter=No'), ('.', '.', 'SF')],
+        [('좋다', '좋+다', 'VA+EF', 'SpaceAfter=No'), ('.', '.', 'SF')],
+    ]
+    lists, _, _ = learn_lexicon.learn([treebank(tmp_path, sentences)], 2)
+    # The two treebanks' tags give one reading; the josa chain is one josa.
+    assert lists['preanal.sys.dic'] == ['갔다\t가/VV+았/EP+다/EF',
+                                        '학교에서의\t학교/NNG+에서의/J_']
 
 
 def test_the_build_stores_divisions_in_the_proper_noun_list(tmp_path):

@@ -155,6 +155,36 @@ TEST_F(ModeOneTest, ScoresBreakTiesOfOneTagListOnlyWithTheOption) {
   }
 }
 
+TEST_F(ModeOneTest, WordsTheModelDoesNotKnowAreLeftToTheRulesWithTheOption) {
+  dir.Write("tag_list.txt", kTagList);
+  // The model knows the tag lists and the word 가, not the word 나.
+  dir.Write("word_list.txt", "가\t4\n");
+  dir.Write("taglist.klg", "NNG\t3\nFOS\tNNG\t9\nFOS\tVV+EM\t9\nNNG\tEOS\t9\n"
+                           "VV+EM\t2\nFOS\tNNG\t1\nFOS\tEOS\t9\n");
+  dir.Write("wordlist.klg", "가-VV+EM\t1\nFOS\tNNG\t4\n");
+  Load();
+  // 나 (first): the model prefers the noun, the rules' tail the verb of the
+  // higher score. 가 (second) is left to the model either way: behind a
+  // noun its pairs choose the noun, behind a verb they know nothing and the
+  // word decides.
+  const struct {
+    bool option;
+    const char* first;
+    const char* second;
+  } rows[] = {{false, "나/NNG", "가/NNG"}, {true, "나/VV+아/EM", "가/VV+아/EM"}};
+  for (const auto& row : rows) {
+    SentenceBuilder b;
+    b.Add("나")
+        .Candidate({{"나", Pos::NNG}}, 1.0)
+        .Candidate({{"나", Pos::VV}, {"아", Pos::EM}}, 2.0);
+    AddGa(b);
+    tagger.cascadeForUnknownWords = row.option;
+    const std::vector<std::string> chosen = Tag(b);
+    EXPECT_EQ(chosen[0], row.first) << row.option;
+    EXPECT_EQ(chosen[1], row.second) << row.option;
+  }
+}
+
 TEST_F(ModeOneTest, EojulRuleComesFirst) {
   dir.Write("tag_list.txt", kTagList);
   dir.Write("erule.klg", "가\t0\n");

@@ -83,9 +83,11 @@ bool Session::Start() {
   analyzer->SetOption(0, settings.candidates);
   // Beyond the library's defaults, what a user of the command expects: an
   // unknown word gives up its josa, and tagging mode 1 breaks ties of one
-  // tag list by score (the options below may turn them off).
+  // tag list by score and leaves words its statistics don't know to the
+  // rules of mode 0 (the options below may turn them off).
   analyzer->SetOption(MAnalyzer::kUnknownEndingOption, 1);
   analyzer->SetOption(MAnalyzer::kScoreTieOption, 1);
+  analyzer->SetOption(MAnalyzer::kCascadeForUnknownOption, 1);
   for (const auto& option : settings.options) {
     analyzer->SetOption(option.first, option.second);
   }

@@ -20,11 +20,13 @@ public class QR_Analyzer extends NativeObject {
    * Options beyond the native catalogue that this binding turns on for every
    * analyzer (the native library leaves them off): 20, an unknown word gives
    * up its josa and is divided into the known words it is made of; 21,
-   * tagging mode 1 breaks ties of one tag list by score. setOption(n, 0)
-   * turns one off.
+   * tagging mode 1 breaks ties of one tag list by score; 22, tagging mode 1
+   * leaves words its statistics don't know to the rules of mode 0.
+   * setOption(n, 0) turns one off.
    */
   public static final int OPTION_UNKNOWN_ENDING = 20;
   public static final int OPTION_SCORE_TIES = 21;
+  public static final int OPTION_RULES_FOR_UNKNOWN = 22;
 
   /** Bits of setExOption: keep the sentence, print each eojul, tagging mode. */
   public static final int EX_KEEP_SENTENCE = 1;
@@ -73,6 +75,7 @@ public class QR_Analyzer extends NativeObject {
     long self = live();
     jniSetOption(OPTION_UNKNOWN_ENDING, 1, self);
     jniSetOption(OPTION_SCORE_TIES, 1, self);
+    jniSetOption(OPTION_RULES_FOR_UNKNOWN, 1, self);
   }
 
   boolean isRun(int expected) {
@@ -89,7 +92,7 @@ public class QR_Analyzer extends NativeObject {
 
   /**
    * Makes `next` the current eojul. This re-initialises the analyzer: options
-   * and output bits must be set again afterwards (options 20 and 21 are set
+   * and output bits must be set again afterwards (options 20 to 22 are set
    * on again here).
    */
   public int setEojul(QR_Eojul next) {
@@ -104,7 +107,7 @@ public class QR_Analyzer extends NativeObject {
     return result;
   }
 
-  /** Sets numbered option 0 to 21; others are ignored. */
+  /** Sets numbered option 0 to 22; others are ignored. */
   public void setOption(int option, int value) {
     jniSetOption(option, value, live());
   }
