@@ -93,10 +93,8 @@ def main(argv):
     parser.add_argument('--no-hunspell', action='store_true')
     parser.add_argument('treebanks', nargs='+')
     args = parser.parse_args(argv)
-    for path in args.treebanks:
-        if not os.path.exists(path):
-            print('learn_knowledge: no treebank at %s' % path, file=sys.stderr)
-            return 1
+    if learn_lexicon.missing_treebank('learn_knowledge', args.treebanks):
+        return 1
     with tempfile.TemporaryDirectory() as work:
         imported = None if args.no_hunspell else import_hunspell(work)
         report = learn(args.treebanks, args.out, args.trainer, imported, args.scale)

@@ -241,6 +241,15 @@ def write(out, lists, splits, suffixes, min_sentences):
             f.write(suffix + '\n')
 
 
+def missing_treebank(program, paths):
+    """True, with a message, when one of `paths` is no file."""
+    for path in paths:
+        if not os.path.exists(path):
+            print('%s: no treebank at %s' % (program, path), file=sys.stderr)
+            return True
+    return False
+
+
 def main(argv):
     root = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
     parser = argparse.ArgumentParser(description=__doc__.split('\n')[0])
@@ -248,10 +257,8 @@ def main(argv):
     parser.add_argument('--min-sentences', type=int, default=2)
     parser.add_argument('treebanks', nargs='+')
     args = parser.parse_args(argv)
-    for path in args.treebanks:
-        if not os.path.exists(path):
-            print('learn_lexicon: no treebank at %s' % path, file=sys.stderr)
-            return 1
+    if missing_treebank('learn_lexicon', args.treebanks):
+        return 1
     lists, splits, suffixes = learn(args.treebanks, args.min_sentences)
     write(args.out, lists, splits, suffixes, args.min_sentences)
     print('learn_lexicon: %s; %d divided words; divided suffixes %s; written to %s' % (
