@@ -71,8 +71,15 @@ void Text::CopyFields(const Text& other) {
 }
 
 bool Text::AllocateFields(int32_t count) {
-  fields = new (std::nothrow) StringEx[count];
-  fieldStarts = new (std::nothrow) int32_t[count];
+  // No caller passes a negative count; the test keeps the allocation sizes
+  // in range for the compiler's size checks.
+  if (count < 0) {
+    splitState = -1;
+    return false;
+  }
+  const auto n = static_cast<uint32_t>(count);
+  fields = new (std::nothrow) StringEx[n];
+  fieldStarts = new (std::nothrow) int32_t[n];
   if (fields == nullptr || fieldStarts == nullptr) {
     FreeFields();
     splitState = -1;

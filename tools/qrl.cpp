@@ -52,6 +52,8 @@ const char kUsage[] =
     "  -u, --user-nouns FILE   add the user nouns of FILE; repeatable\n"
     "  -p, --pre-analysis FILE add the pre-analysed eojuls of FILE; repeatable\n"
     "      --raw               ignore pre-analysis entries\n"
+    "      --strict            invalid UTF-8 is an error (by default it is\n"
+    "                          read as U+FFFD, with a warning)\n"
     "      --no-progress       no progress bar (otherwise shown for files of\n"
     "                          1 MB or more when stderr is a terminal)\n"
     "  -h, --help              show this help\n"
@@ -127,6 +129,8 @@ int ParseAnalysis(int argc, char** argv, AnalysisSettings& settings) {
       settings.raw = true;
     } else if (arg == "--no-progress") {
       settings.progress = false;
+    } else if (arg == "--strict") {
+      settings.strict = true;
     } else if (arg == "-k" || arg == "--knowledge") {
       if (!next(settings.knowledgeDirectory)) return Fail(arg + " needs a directory", 2);
     } else if (arg == "-f" || arg == "--format") {

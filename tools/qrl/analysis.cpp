@@ -1,5 +1,6 @@
 // One analyzer over one knowledge object; input read line by line, each line
-// converted to CP949, analysed (and tagged), and its eojuls written out.
+// read at the edge (LineEdge: CP949 for the library, the user's characters
+// kept beside it), analysed (and tagged), and its eojuls written out.
 #include "tools/qrl/analysis.h"
 
 #include <sys/stat.h>
@@ -14,6 +15,7 @@
 #include "tools/qrl/commands.h"
 #include "tools/qrl/knowledge_setup.h"
 #include "tools/qrl/progress.h"
+#include "tools/qrl/line_edge.h"
 #include "tools/qrl/recode.h"
 
 namespace Quorel {
@@ -34,18 +36,26 @@ class Session {
 
   // Loads the knowledge and the user files, and sets up the analyzer.
   bool Start();
-  void AnalyseStream(std::istream& in, Progress& progress);
+  // Analyses every line of `in`, named `name` in messages; false when
+  // --strict met invalid UTF-8 (the run stops there).
+  bool AnalyseStream(std::istream& in, const std::string& name,
+                     Progress& progress);
 
  private:
-  void AnalyseLine(std::string_view line);
-  void AnalysePiece(std::string_view piece);
+  bool AnalyseLine(std::string_view line);
+  bool AnalysePiece(std::string_view piece);
+  // Warns of the invalid UTF-8 of the piece just read, or with --strict
+  // fails on it; false when the run must stop.
+  bool CheckUtf8();
 
   const AnalysisSettings& settings;
   std::unique_ptr<QR_Knowledge> knowledge;
   std::unique_ptr<QR_Analyzer> analyzer;
   EojulWriter writer;
-  Recoder recoder;
-  std::string piece;
+  LineEdge edge;
+  LinePlace place;
+  std::string inputName;
+  long lineNumber = 0;
   int narrowing = 0;
 };
 
@@ -95,22 +105,33 @@ bool Session::Start() {
   // analyzer narrows to (options 14 and 15 may have raised it) is applied
   // again on each of them.
   narrowing = static_cast<MAnalyzer&>(*analyzer).Option(0);
+  place.edge = &edge;
+  place.characterOffsets = static_cast<MAnalyzer&>(*analyzer).Option(18) > 0;
   return true;
 }
 
-void Session::AnalyseStream(std::istream& in, Progress& progress) {
+bool Session::AnalyseStream(std::istream& in, const std::string& name,
+                            Progress& progress) {
+  inputName = name;
+  lineNumber = 0;
   std::string line;
-  while (std::getline(in, line)) {
+  bool ok = true;
+  while (ok && std::getline(in, line)) {
+    ++lineNumber;
     progress.Advance(line.size() + 1);
     if (!line.empty() && line.back() == '\r') line.pop_back();
-    AnalyseLine(line);
+    ok = AnalyseLine(line);
   }
   std::cout.flush();
+  return ok;
 }
 
 // A line too long for the analyzer goes in pieces, cut at a blank where
-// there is one, else at a character boundary. Offsets restart per piece.
-void Session::AnalyseLine(std::string_view line) {
+// there is one, else at a character boundary. The library's offsets restart
+// per piece; the code-point and byte offsets count from the line's start.
+bool Session::AnalyseLine(std::string_view line) {
+  place.codePointBase = 0;
+  place.byteBase = 0;
   while (line.size() > kPieceLimit) {
     size_t cut = line.find_last_of(" \t", kPieceLimit);
     if (cut == std::string_view::npos || cut == 0) {
@@ -119,25 +140,43 @@ void Session::AnalyseLine(std::string_view line) {
         --cut;
       }
     }
-    AnalysePiece(line.substr(0, cut));
+    if (!AnalysePiece(line.substr(0, cut))) return false;
+    place.codePointBase += edge.CodePoints();
+    place.byteBase += cut;
     line.remove_prefix(cut);
   }
-  AnalysePiece(line);
+  return AnalysePiece(line);
 }
 
-void Session::AnalysePiece(std::string_view text) {
-  piece.assign(text.data(), text.size());
-  const std::string& cp949 = recoder.ToCp949(piece.c_str());
+bool Session::CheckUtf8() {
+  const std::vector<size_t>& invalid = edge.InvalidBytes();
+  if (invalid.empty()) return true;
+  std::cerr << "qrl: " << inputName << ":" << lineNumber << ": byte "
+            << place.byteBase + invalid[0] + 1 << ": invalid UTF-8";
+  if (settings.strict) {
+    std::cerr << " (--strict)\n";
+    return false;
+  }
+  std::cerr << ", " << invalid.size() << (invalid.size() == 1 ? " byte" : " bytes")
+            << " read as U+FFFD\n";
+  return true;
+}
+
+bool Session::AnalysePiece(std::string_view text) {
+  edge.Read(text);
+  if (!CheckUtf8()) return false;
+  const std::string& cp949 = edge.Cp949();
   // An empty text leaves the previous sentence in place: nothing to write.
-  if (cp949.empty()) return;
+  if (cp949.empty()) return true;
   analyzer->RunWithString(cp949.c_str());
   if (settings.taggingMode >= 0) analyzer->Tagging(settings.taggingMode);
   int count = analyzer->GetEojulCountInSentence();
   for (int i = 0; i < count; ++i) {
     auto& e = static_cast<Eojul&>(*analyzer->GetEojulInSentence(i));
     if (narrowing > 0) e.SelectTop(static_cast<unsigned char>(narrowing));
-    writer.Write(e, analyzer->GetEojulOffsetInSentence(i));
+    writer.Write(e, analyzer->GetEojulOffsetInSentence(i), place);
   }
+  return true;
 }
 
 uint64_t FileSize(const std::string& path) {
@@ -157,7 +196,7 @@ int RunAnalysis(const AnalysisSettings& settings) {
   for (const std::string& input : inputs) {
     if (input == "-") {
       Progress none("", 0, false);
-      session.AnalyseStream(std::cin, none);
+      if (!session.AnalyseStream(std::cin, "-", none)) return 1;
       continue;
     }
     std::ifstream in(input, std::ios::binary);
@@ -167,7 +206,7 @@ int RunAnalysis(const AnalysisSettings& settings) {
     }
     uint64_t size = FileSize(input);
     Progress progress(input, size, settings.progress && size >= kProgressFrom);
-    session.AnalyseStream(in, progress);
+    if (!session.AnalyseStream(in, input, progress)) return 1;
   }
   return status;
 }

@@ -22,11 +22,13 @@ struct AnalysisSettings {
   std::vector<std::string> preAnalysisFiles;
   bool raw = false;                // ignore pre-analysis entries
   bool progress = true;            // a bar for long files on a terminal
+  bool strict = false;             // invalid UTF-8 stops the run
   std::vector<std::string> inputs; // files; none or "-": standard input
 };
 
 // Runs the analysis; the exit status (0, or 1 when the knowledge or an
-// input couldn't be used).
+// input couldn't be used, or --strict met invalid UTF-8). Invalid UTF-8
+// otherwise reads as U+FFFD with a warning naming the input, line and byte.
 int RunAnalysis(const AnalysisSettings& settings);
 
 }  // namespace cli

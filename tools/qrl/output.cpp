@@ -5,9 +5,12 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
+#include <strings.h>
 #include <sstream>
 
 #include "eojul/eojul.h"
+#include "tagger/post_passes.h"
 
 namespace Quorel {
 namespace cli {
@@ -69,12 +72,66 @@ void EojulWriter::AppendUtf8(const char* cp949) {
   line += recoder.ToUtf8(cp949 == nullptr ? "" : cp949);
 }
 
-void EojulWriter::AppendJsonUtf8(const char* cp949) {
-  AppendJsonString(line, recoder.ToUtf8(cp949 == nullptr ? "" : cp949).c_str());
+void EojulWriter::MorphemeSpan(QR_Eojul& e, int c, int m, size_t& from,
+                               size_t& to) {
+  // The offset pass writes byte offsets in the surface; -1 and 65535 stand
+  // for its start and end.
+  const int length = static_cast<int>(end - begin);
+  int s = e.GetStartOffset(c, m);
+  int t = e.GetEndOffset(c, m);
+  s = s < 0 ? 0 : s > length ? length : s;
+  t = t < s ? s : t > length ? length : t;
+  from = begin + static_cast<size_t>(s);
+  to = begin + static_cast<size_t>(t);
 }
 
-void EojulWriter::Write(QR_Eojul& e, int offset) {
+const std::string& EojulWriter::Lexicon(QR_Eojul& e, int c, int m) {
+  const char* cp949 = e.GetLexicon(c, m);
+  if (cp949 == nullptr) cp949 = "";
+  if (standIn) {
+    // A morpheme on stand-ins is written as the input has it (the analysis
+    // may have lowered the case of the stand-in letters).
+    size_t from, to;
+    MorphemeSpan(e, c, m, from, to);
+    const LineEdge& edge = *place->edge;
+    if (edge.HasStandIn(from, to) && std::strlen(cp949) == to - from &&
+        strncasecmp(edge.Cp949().data() + from, cp949, to - from) == 0) {
+      lexicon.assign(edge.Written(from, to));
+      return lexicon;
+    }
+  }
+  lexicon = recoder.ToUtf8(cp949);
+  return lexicon;
+}
+
+void EojulWriter::AppendOffsets(size_t from, size_t to) {
+  const LineEdge& edge = *place->edge;
+  line += ",\"start\":" + std::to_string(place->codePointBase + edge.CodePointAt(from));
+  line += ",\"end\":" + std::to_string(place->codePointBase + edge.CodePointAt(to));
+  line += ",\"byte_start\":" + std::to_string(place->byteBase + edge.ByteAt(from));
+  line += ",\"byte_end\":" + std::to_string(place->byteBase + edge.ByteAt(to));
+}
+
+void EojulSpan(QR_Eojul& e, int offset, const LinePlace& place, size_t& begin,
+               size_t& end) {
+  const LineEdge& edge = *place.edge;
+  const size_t size = edge.Cp949().size();
+  const size_t at = static_cast<size_t>(offset < 0 ? 0 : offset);
+  begin = place.characterOffsets ? edge.Cp949OffsetOfCharacter(at) : at;
+  if (begin > size) begin = size;
+  // The library's surface has the length of the text it was cut from (it
+  // may have lowered its case or read its Hanja).
+  const char* surface = e.GetString();
+  end = begin + std::strlen(surface == nullptr ? "" : surface);
+  if (end > size) end = size;
+}
+
+void EojulWriter::Write(QR_Eojul& e, int offset, const LinePlace& where) {
   line.clear();
+  place = &where;
+  EojulSpan(e, offset, where, begin, end);
+  standIn = where.edge->HasStandIn(begin, end);
+  if (format == Format::kJson || standIn) PassOffsets(static_cast<Eojul&>(e));
   switch (format) {
     case Format::kFull:
     case Format::kCompact: {
@@ -93,14 +150,14 @@ void EojulWriter::Write(QR_Eojul& e, int offset) {
 // A candidate closed without morphemes leaves an empty slot in the list;
 // the tabular forms pass over it.
 void EojulWriter::WriteTsv(QR_Eojul& e) {
-  AppendUtf8(e.GetString());
+  line += place->edge->Written(begin, end);
   for (int c = 0; c < e.GetListSize(); ++c) {
     int count = e.GetCount(c);
     if (count <= 0) continue;
     line += '\t';
     for (int m = 0; m < count; ++m) {
       if (m > 0) line += '+';
-      AppendUtf8(e.GetLexicon(c, m));
+      line += Lexicon(e, c, m);
       line += '/';
       line += e.GetStrPOS(c, m);
     }
@@ -110,8 +167,10 @@ void EojulWriter::WriteTsv(QR_Eojul& e) {
 
 void EojulWriter::WriteJson(QR_Eojul& e, int offset) {
   line += "{\"surface\":";
-  AppendJsonUtf8(e.GetString());
-  line += ",\"offset\":" + std::to_string(offset) + ",\"candidates\":[";
+  AppendJsonString(line, std::string(place->edge->Written(begin, end)).c_str());
+  line += ",\"offset\":" + std::to_string(offset);
+  AppendOffsets(begin, end);
+  line += ",\"candidates\":[";
   bool firstCandidate = true;
   for (int c = 0; c < e.GetListSize(); ++c) {
     int count = e.GetCount(c);
@@ -122,13 +181,15 @@ void EojulWriter::WriteJson(QR_Eojul& e, int offset) {
     line += ",\"morphemes\":[";
     for (int m = 0; m < count; ++m) {
       line += m == 0 ? "{\"lexicon\":" : ",{\"lexicon\":";
-      AppendJsonUtf8(e.GetLexicon(c, m));
+      AppendJsonString(line, Lexicon(e, c, m).c_str());
       line += ",\"tag\":";
       AppendJsonString(line, e.GetStrPOS(c, m));
       line += ",\"pos\":" + std::to_string(e.GetPOS(c, m));
       line += e.IsIndexWord(c, m) ? ",\"index\":true" : ",\"index\":false";
-      line += ",\"start\":" + std::to_string(e.GetStartOffset(c, m));
-      line += ",\"end\":" + std::to_string(e.GetEndOffset(c, m)) + "}";
+      size_t from, to;
+      MorphemeSpan(e, c, m, from, to);
+      AppendOffsets(from, to);
+      line += "}";
     }
     line += "]}";
   }
@@ -136,12 +197,12 @@ void EojulWriter::WriteJson(QR_Eojul& e, int offset) {
 }
 
 void EojulWriter::WriteIndex(QR_Eojul& e) {
-  AppendUtf8(e.GetString());
+  line += place->edge->Written(begin, end);
   std::string seen = "\t";  // the words written so far, each followed by TAB
   for (int c = 0; c < e.GetListSize(); ++c) {
     for (int m = 0; m < e.GetCount(c); ++m) {
       if (!e.IsIndexWord(c, m)) continue;
-      const std::string& word = recoder.ToUtf8(e.GetLexicon(c, m));
+      const std::string& word = Lexicon(e, c, m);
       if (word.empty() || seen.find("\t" + word + "\t") != std::string::npos) {
         continue;
       }
