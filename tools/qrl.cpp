@@ -1,7 +1,8 @@
 // qrl: the command-line face of the analyzer.
 //
 // Without a sub-command it analyses UTF-8 text from the named files or
-// standard input and writes one result per eojul to standard output; the
+// standard input and writes one result per eojul to standard output (the
+// tagger's choice, unless candidates are asked for); the
 // sub-commands compile knowledge, scramble synonym files and look words up
 // in stop-word and synonym lists. Errors go to standard error with a
 // non-zero exit status (1 for unusable files, 2 for bad usage).
@@ -36,13 +37,19 @@ const char kUsage[] =
     "  -k, --knowledge DIR     knowledge directory (its qrl.klg, else its\n"
     "                          source dictionaries); default: knowledge/ here\n"
     "                          or beside the executable, else empty knowledge\n"
-    "  -f, --format FORM       full | compact | tsv | json | index\n"
-    "                          (default full)\n"
+    "  -f, --format FORM       text | tsv | json | index | full | compact\n"
+    "                          (default text)\n"
     "  -i, --index-words       same as --format index: per eojul the\n"
     "                          morphemes that are index words\n"
-    "  -n, --candidates N      candidates kept per eojul, best first\n"
-    "                          (0: all, in stored order; default 0)\n"
-    "  -t, --tagging MODE      run the tagger: 0 (rules) or 1 (statistics)\n"
+    "  -t, --tagging MODE      the tagger chooses one analysis per eojul:\n"
+    "                          0 (rules, the default) or 1 (statistics)\n"
+    "  -n, --candidates N      no tagger: the N candidates of the highest\n"
+    "                          scores per eojul, highest first (0: all, in\n"
+    "                          the order they were found); with -t, the\n"
+    "                          candidates the tagger chooses among\n"
+    "      --encoding ENC      of the input: auto (the default: UTF-8, or\n"
+    "                          CP949 when a file's first line beyond ASCII\n"
+    "                          is CP949), utf-8 or cp949\n"
     "  -o, --option N=V        analyzer option N (0-22) set to V; repeatable;\n"
     "                          on here, off in the library: 20, an unknown\n"
     "                          word gives up the josa at its end; 21, mode 1\n"
@@ -57,11 +64,15 @@ const char kUsage[] =
     "      --no-progress       no progress bar (otherwise shown for files of\n"
     "                          1 MB or more when stderr is a terminal)\n"
     "  -h, --help              show this help\n"
+    "      --version           show the version\n"
     "\n"
-    "Forms: full and compact are the analyzer's own; tsv is the surface, then\n"
-    "one column per candidate of lexicon/TAG joined by \"+\"; json is one\n"
-    "object per eojul with offsets, scores, tags, POS masks and index flags;\n"
-    "index is the surface, then its index words.\n";
+    "Forms: text is the surface, then its analysis as lexicon/TAG joined by\n"
+    "\"+\" (a column per candidate with -n), and \"EOS\" after each input\n"
+    "line; tsv is the same without EOS; json is one object per eojul with\n"
+    "its line number, offsets, scores, tags, POS masks and index flags; index\n"
+    "is the surface, then its index words; full and compact are the\n"
+    "analyzer's own print forms. A directory among the FILEs stands for the\n"
+    "files under it.\n";
 
 // Strict decimal integer; false on anything else.
 bool ParseInt(const std::string& text, int& value) {
@@ -106,6 +117,12 @@ int ParseAnalysis(int argc, char** argv, AnalysisSettings& settings) {
       value = arg.substr(equals + 1);
       arg.erase(equals);
       inlineValue = true;
+    } else if (arg.size() > 2 && arg[1] != '-' &&
+               std::string("kfntoup").find(arg[1]) != std::string::npos) {
+      // A short option with its value attached: -n1, -ftsv.
+      value = arg.substr(2);
+      arg.erase(2);
+      inlineValue = true;
     }
     // The value of an option that takes one: inline, or the next word.
     auto next = [&](std::string& out) {
@@ -123,6 +140,14 @@ int ParseAnalysis(int argc, char** argv, AnalysisSettings& settings) {
     } else if (arg == "-h" || arg == "--help") {
       std::cout << kUsage;
       return 0;
+    } else if (arg == "--version") {
+      std::cout << "qrl " << QRLSL_VERSION << "\n";
+      return 0;
+    } else if (arg == "--encoding") {
+      if (!next(v) || (v != "auto" && v != "utf-8" && v != "cp949")) {
+        return Fail(arg + " takes auto, utf-8 or cp949", 2);
+      }
+      settings.encoding = v;
     } else if (arg == "-i" || arg == "--index-words") {
       settings.format = Quorel::cli::Format::kIndex;
     } else if (arg == "--raw") {
@@ -135,13 +160,14 @@ int ParseAnalysis(int argc, char** argv, AnalysisSettings& settings) {
       if (!next(settings.knowledgeDirectory)) return Fail(arg + " needs a directory", 2);
     } else if (arg == "-f" || arg == "--format") {
       if (!next(v) || !Quorel::cli::ParseFormat(v, settings.format)) {
-        return Fail(arg + " takes full, compact, tsv, json or index", 2);
+        return Fail(arg + " takes text, tsv, json, index, full or compact", 2);
       }
     } else if (arg == "-n" || arg == "--candidates") {
       if (!next(v) || !ParseInt(v, settings.candidates) ||
           settings.candidates < 0 || settings.candidates > 127) {
         return Fail(arg + " takes a number from 0 to 127", 2);
       }
+      settings.candidatesGiven = true;
     } else if (arg == "-t" || arg == "--tagging") {
       if (!next(v) || (v != "0" && v != "1")) {
         return Fail(arg + " takes the mode 0 or 1", 2);

@@ -4,6 +4,7 @@
 // depend on the dictionaries.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -27,14 +28,13 @@ const char kPreAnalysis[] =
 class AnalyseTest : public testing::Test {
  protected:
   AnalyseTest() {
-    std::filesystem::create_directories(dir.Path() + "/empty");
+    tiny = TinyKnowledge(dir);
     preAnalysis = dir.Write("pre.txt", kPreAnalysis);
   }
 
-  // qrl on empty knowledge plus the pre-analysis file, then `args`.
+  // qrl on a knowledge of one word plus the pre-analysis file, then `args`.
   RunResult Analyse(std::vector<std::string> args, const std::string& input) {
-    std::vector<std::string> all = {"-k", dir.Path() + "/empty", "-p",
-                                    preAnalysis};
+    std::vector<std::string> all = {"-k", tiny, "-p", preAnalysis};
     all.insert(all.end(), args.begin(), args.end());
     return RunQrl(all, input, dir.Path());
   }
@@ -54,6 +54,7 @@ class AnalyseTest : public testing::Test {
   }
 
   ScratchDir dir;
+  std::string tiny;
   std::string preAnalysis;
 };
 
@@ -116,7 +117,7 @@ TEST_F(AnalyseTest, StandardInputAndFilesGiveTheSameResults) {
 }
 
 TEST_F(AnalyseTest, TsvRoundTripsKoreanExactly) {
-  RunResult run = Analyse({"-f", "tsv"}, "서울 학교 먹다 그 인용 하늘이\n");
+  RunResult run = Analyse({"-f", "tsv", "-n", "0"}, "서울 학교 먹다 그 인용 하늘이\n");
   ASSERT_EQ(0, run.status) << run.err;
   std::vector<std::vector<std::string>> rows;
   for (const std::string& line : Lines(run.out)) rows.push_back(Fields(line));
@@ -131,11 +132,12 @@ TEST_F(AnalyseTest, TsvRoundTripsKoreanExactly) {
 }
 
 TEST_F(AnalyseTest, JsonLinesParseAndCarryEveryField) {
-  std::vector<JsonValue> eojuls = Json({}, "서울 인용 하늘이\n");
+  std::vector<JsonValue> eojuls = Json({"-n", "0"}, "서울 인용 하늘이\n");
   ASSERT_EQ(3u, eojuls.size());
 
   const JsonValue& seoul = eojuls[0];
   EXPECT_EQ("서울", seoul["surface"].text);
+  EXPECT_EQ(1, seoul["line"].number);
   EXPECT_EQ(0, seoul["offset"].number);
   ASSERT_EQ(2u, seoul["candidates"].items.size());
   const JsonValue& first = seoul["candidates"][0];
@@ -187,8 +189,8 @@ TEST_F(AnalyseTest, NumberedOptionsReachTheAnalyzer) {
 }
 
 TEST_F(AnalyseTest, CandidateCountKeepsTheBestByScore) {
-  std::vector<JsonValue> all = Json({}, "서울 그\n");
-  std::vector<JsonValue> best = Json({"-n", "1"}, "서울 그\n");
+  std::vector<JsonValue> all = Json({"-n", "0"}, "서울 그\n");
+  std::vector<JsonValue> best = Json({"-n1"}, "서울 그\n");
   ASSERT_EQ(2u, all.size());
   ASSERT_EQ(2u, best.size());
   for (size_t i = 0; i < all.size(); ++i) {
@@ -205,18 +207,19 @@ TEST_F(AnalyseTest, CandidateCountKeepsTheBestByScore) {
 }
 
 TEST_F(AnalyseTest, IndexWordsFollowTheIndexMask) {
-  RunResult run = Analyse({"-i"}, "서울 먹다 아주 하늘이\n");
+  RunResult run = Analyse({"-i", "-n", "0"}, "서울 먹다 아주 하늘이\n");
   ASSERT_EQ(0, run.status) << run.err;
   // Each word once, in the order of the candidates.
   EXPECT_EQ("서울\t서울\t서\t울\n먹다\n아주\n하늘이\n", run.out);
 
-  run = Analyse({"--format", "index", "-o", "3=1", "-o", "5=1", "-o", "7=1"},
+  run = Analyse({"--format", "index", "-o", "3=1", "-o", "5=1", "-o", "7=1",
+                 "-n", "0"},
                 "먹다 아주 하늘이\n");
   EXPECT_EQ("먹다\t먹\n아주\t아주\n하늘이\t하늘이\n", run.out);
 }
 
 TEST_F(AnalyseTest, PrintFormsAreTheEojulsOwn) {
-  RunResult full = Analyse({}, "서울\n");
+  RunResult full = Analyse({"-f", "full", "-n", "0"}, "서울\n");
   ASSERT_EQ(0, full.status);
   std::vector<std::string> lines = Lines(full.out);
   ASSERT_EQ(4u, lines.size());
@@ -225,7 +228,7 @@ TEST_F(AnalyseTest, PrintFormsAreTheEojulsOwn) {
   EXPECT_EQ(0u, lines[2].find("\t0: 서울/NNP\t"));
   EXPECT_EQ(0u, lines[3].find("\t1: 서/NNG + 울/NNG\t"));
 
-  RunResult compact = Analyse({"-f", "compact"}, "서울\n");
+  RunResult compact = Analyse({"-fcompact", "-n0"}, "서울\n");
   EXPECT_EQ("서울\tOffset : 0\n서울/NNP@서/NNG+울/NNG\n", compact.out);
 }
 
@@ -260,7 +263,7 @@ TEST_F(AnalyseTest, TaggingKeepsOneResultPerEojul) {
 
 TEST_F(AnalyseTest, Cp949UserFilesWorkLikeUtf8Ones) {
   std::string cp949 = dir.Write("pre949.txt", ToCp949(kPreAnalysis));
-  RunResult run = RunQrl({"-k", dir.Path() + "/empty", "-p", cp949, "-f", "tsv"},
+  RunResult run = RunQrl({"-k", tiny, "-p", cp949, "-f", "tsv", "-n", "0"},
                          "서울 인용\n", dir.Path());
   EXPECT_EQ(0, run.status) << run.err;
   EXPECT_EQ("서울\t서울/NNP\t서/NNG+울/NNG\n인용\t인\"용\\/NNG\n", run.out);
@@ -283,7 +286,7 @@ TEST_F(AnalyseTest, ProgressBarOnlyForLongFilesOnATerminal) {
   while (text.size() < (3u << 19)) text += line;  // 1.5 MB
   std::string big = dir.Write("big.txt", text);
   std::string small = dir.Write("small.txt", line);
-  const std::string empty = dir.Path() + "/empty";
+  const std::string& empty = tiny;
 
   // Into a file or a pipe, standard error stays clean.
   RunResult run = RunQrl({"-k", empty, "-f", "tsv", big}, "", dir.Path());
@@ -306,19 +309,98 @@ TEST_F(AnalyseTest, ProgressBarOnlyForLongFilesOnATerminal) {
   EXPECT_EQ(std::string::npos, shown.find('%'));
 }
 
-TEST_F(AnalyseTest, MissingKnowledgeIsSaidOnce) {
+TEST_F(AnalyseTest, KnowledgeThatDoesNotLoadIsAnErrorNamingDirectoryAndReason) {
+  std::filesystem::create_directories(dir.Path() + "/empty");
+  dir.Write("sources/nng.dic", "학교\n");  // UTF-8: sources, not knowledge
+  dir.Write("sources/em.dic", "다\t다/EF 0\n");
+  const struct {
+    std::vector<std::string> args;
+    const char* named;
+    const char* reason;
+  } rows[] = {
+      {{"-k", dir.Path() + "/empty"}, "/empty", "holds no word"},
+      {{"-k", dir.Path() + "/sources"}, "/sources", "in UTF-8"},
+      {{"-k", dir.Path() + "/nowhere"}, "/nowhere", "no knowledge directory"},
+  };
+  for (const auto& row : rows) {
+    RunResult run = RunQrl(row.args, "학교\n", dir.Path());
+    EXPECT_EQ(1, run.status) << row.named;
+    EXPECT_EQ("", run.out) << row.named;
+    EXPECT_NE(std::string::npos, run.err.find(row.named)) << run.err;
+    EXPECT_NE(std::string::npos, run.err.find(row.reason)) << run.err;
+  }
   std::filesystem::path home = std::filesystem::path(QRL_BINARY).parent_path();
   for (const auto& beside : {home / "knowledge", home / ".." / "knowledge"}) {
     if (std::filesystem::exists(beside / "qrl.klg")) {
       GTEST_SKIP() << "knowledge found beside the executable";
     }
   }
-  RunResult run = RunQrl({"-f", "tsv"}, "학교\n아주\n하늘\n", dir.Path());
-  EXPECT_EQ(0, run.status);
-  EXPECT_EQ(3u, Lines(run.out).size());
-  size_t first = run.err.find("no knowledge");
-  ASSERT_NE(std::string::npos, first);
-  EXPECT_EQ(std::string::npos, run.err.find("no knowledge", first + 1));
+  RunResult run = RunQrl({"-f", "tsv"}, "학교\n", dir.Path());
+  EXPECT_EQ(1, run.status);
+  EXPECT_NE(std::string::npos, run.err.find("no knowledge found")) << run.err;
+}
+
+TEST_F(AnalyseTest, TheDefaultIsTheTaggersChoiceWithASentenceEnd) {
+  RunResult run = Analyse({}, "서울 그\n\n아주\n");
+  ASSERT_EQ(0, run.status) << run.err;
+  // One analysis per eojul, chosen by the rules of mode 0, and EOS after
+  // every input line, an empty one too.
+  const std::vector<std::string> lines = Lines(run.out);
+  ASSERT_EQ(6u, lines.size()) << run.out;
+  EXPECT_EQ(2u, Fields(lines[0]).size());
+  EXPECT_EQ("서울", Fields(lines[0])[0]);
+  EXPECT_EQ(2u, Fields(lines[1]).size());
+  EXPECT_EQ("EOS", lines[2]);
+  EXPECT_EQ("EOS", lines[3]);
+  EXPECT_EQ("아주\t아주/MA", lines[4]);
+  EXPECT_EQ("EOS", lines[5]);
+  // -n asks for candidates instead; -t tags them again.
+  EXPECT_EQ(3u, Fields(Lines(Analyse({"-n", "0"}, "서울\n").out)[0]).size());
+  EXPECT_EQ(2u, Fields(Lines(Analyse({"-n", "0", "-t", "0"}, "서울\n").out)[0]).size());
+}
+
+TEST_F(AnalyseTest, ShortOptionsTakeAttachedValuesAndTheVersionIsShown) {
+  EXPECT_EQ(Analyse({"-f", "tsv", "-n", "1"}, "서울 그\n").out,
+            Analyse({"-ftsv", "-n1"}, "서울 그\n").out);
+  RunResult version = RunQrl({"--version"}, "", dir.Path());
+  EXPECT_EQ(0, version.status);
+  EXPECT_EQ(0u, version.out.find("qrl "));
+}
+
+TEST_F(AnalyseTest, AFolderIsWalkedAndCp949InputIsRecognised) {
+  dir.Write("texts/b/two.txt", ToCp949("아주\n"));  // CP949
+  dir.Write("texts/a.txt", "학교\n");
+  RunResult run = Analyse({"-f", "tsv", dir.Path() + "/texts"}, "");
+  EXPECT_EQ(0, run.status) << run.err;
+  // The files in the order of their paths.
+  EXPECT_EQ("학교\t학교/NNG\n아주\t아주/MA\n", run.out);
+  EXPECT_NE(std::string::npos, run.err.find("two.txt is read as CP949")) << run.err;
+  // Told otherwise, the CP949 bytes are invalid UTF-8.
+  run = Analyse({"-f", "tsv", "--encoding", "utf-8", dir.Path() + "/texts/b"}, "");
+  EXPECT_NE(std::string::npos, run.err.find("invalid UTF-8")) << run.err;
+}
+
+TEST_F(AnalyseTest, OutputThatCannotBeWrittenIsAnError) {
+  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no /dev/full";
+  const std::string input = dir.Write("in.txt", "학교\n");
+  // Standard output on a full device: the shell of the test sends it there.
+  const int status = std::system(("cd " + dir.Path() + " && " + QRL_BINARY + " -k " +
+                                  tiny + " " + input + " > /dev/full 2> err.txt")
+                                     .c_str());
+  EXPECT_NE(0, status);
+  EXPECT_NE(std::string::npos, dir.Read("err.txt").find("can't write the output"));
+}
+
+TEST_F(AnalyseTest, RejectedUserLinesAreReportedInUtf8WithTheirLineNumbers) {
+  const std::string nouns = dir.Write("nouns.txt", "쿼렐\t0\n쿼렐렐\tX\n학교\t0\n@!!\n");
+  for (const std::string& file : {nouns, dir.Write("nouns949.txt", ToCp949(ReadFile(nouns)))}) {
+    RunResult run = Analyse({"-u", file}, "쿼렐\n");
+    EXPECT_EQ(0, run.status) << run.err;
+    EXPECT_NE(std::string::npos, run.err.find(":2: An usernoun entry with wrong information : 쿼렐렐"))
+        << run.err;
+    EXPECT_NE(std::string::npos, run.err.find(":4: ")) << run.err;
+    EXPECT_NE(std::string::npos, run.err.find(": 2 lines rejected")) << run.err;
+  }
 }
 
 }  // namespace

@@ -36,7 +36,7 @@ TEST_F(KnowledgeCommandsTest, CompiledKnowledgeIsUsedForAnalysis) {
   ASSERT_TRUE(fs::is_regular_file(out + "/qrl.klg"));
   EXPECT_GT(fs::file_size(out + "/qrl.klg"), 67u);  // more than the header
 
-  RunResult run = RunQrl({"-k", out, "-f", "tsv"}, "서울 먹다\n", dir.Path());
+  RunResult run = RunQrl({"-k", out, "-f", "tsv", "-n", "0"}, "서울 먹다\n", dir.Path());
   EXPECT_EQ(0, run.status) << run.err;
   EXPECT_EQ("서울\t서울/NNP\t서/NNG+울/NNG\n먹다\t먹/VV+다/EP\n", run.out);
 }

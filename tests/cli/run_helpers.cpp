@@ -33,6 +33,11 @@ std::string Quote(const std::string& word) {
 
 }  // namespace
 
+std::string TinyKnowledge(const ScratchDir& dir, const std::string& name) {
+  dir.Write(name + "/ic.dic", ToCp949("어이쿠\n"));
+  return dir.Path() + "/" + name;
+}
+
 RunResult RunQrl(const std::vector<std::string>& args,
                  const std::string& input, const std::string& directory) {
   ScratchDir streams;

@@ -25,6 +25,12 @@ class ScratchDir : public Quorel::testsupport::TempDir {
   }
 };
 
+// A knowledge directory `name` under `dir` that holds one word only (the
+// interjection 어이쿠, in CP949), so that what a test analyses comes from
+// its own pre-analysis or user files; its path. qrl refuses a knowledge
+// directory that holds no word at all.
+std::string TinyKnowledge(const ScratchDir& dir, const std::string& name = "tiny");
+
 // Runs qrl with `args` in `directory`, with `input` as its standard input.
 RunResult RunQrl(const std::vector<std::string>& args,
                  const std::string& input, const std::string& directory);

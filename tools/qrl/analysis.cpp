@@ -5,6 +5,8 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <memory>
@@ -37,7 +39,8 @@ class Session {
   // Loads the knowledge and the user files, and sets up the analyzer.
   bool Start();
   // Analyses every line of `in`, named `name` in messages; false when
-  // --strict met invalid UTF-8 (the run stops there).
+  // --strict met invalid UTF-8 or the output can't be written (the run
+  // stops there).
   bool AnalyseStream(std::istream& in, const std::string& name,
                      Progress& progress);
 
@@ -54,9 +57,11 @@ class Session {
   EojulWriter writer;
   LineEdge edge;
   LinePlace place;
+  Recoder recoder;
   std::string inputName;
   long lineNumber = 0;
   int narrowing = 0;
+  int tagging = -1;  // the tagging mode, -1 none
 };
 
 bool Session::Start() {
@@ -65,9 +70,12 @@ bool Session::Start() {
   if (directory.empty()) directory = FindKnowledgeDirectory();
   std::string error;
   if (directory.empty()) {
-    std::cerr << "qrl: no knowledge found (knowledge/qrl.klg here or beside "
-                 "the executable); analysing with empty knowledge\n";
-  } else if (!LoadKnowledgeDirectory(*knowledge, directory, error)) {
+    Fail("no knowledge found (knowledge/qrl.klg here or beside the "
+         "executable): give -k DIR, or run scripts/setup.sh, which builds "
+         "build/knowledge");
+    return false;
+  }
+  if (!LoadKnowledgeDirectory(*knowledge, directory, error)) {
     Fail(error);
     return false;
   }
@@ -83,8 +91,12 @@ bool Session::Start() {
       return false;
     }
   }
-  if (settings.taggingMode == 1 && !directory.empty()) {
-    LoadTaggerKnowledge(*knowledge, directory);
+  tagging = settings.taggingMode >= 0 ? settings.taggingMode
+                                       : settings.candidatesGiven ? -1 : 0;
+  if (tagging == 1 && !LoadTaggerKnowledge(*knowledge, directory)) {
+    std::cerr << "qrl: the knowledge in " << directory
+              << " has no statistics (sinfo/tag_list.txt): tagging mode 1 "
+                 "decides by its rules and the tail of mode 0\n";
   }
 
   analyzer.reset(CreateAnalyzer(knowledge.get()));
@@ -116,13 +128,32 @@ bool Session::AnalyseStream(std::istream& in, const std::string& name,
   lineNumber = 0;
   std::string line;
   bool ok = true;
+  // The input's encoding, decided at its first line beyond ASCII.
+  std::string encoding = settings.encoding;
   while (ok && std::getline(in, line)) {
     ++lineNumber;
     progress.Advance(line.size() + 1);
     if (!line.empty() && line.back() == '\r') line.pop_back();
+    if (encoding == "auto" && IsCp949Text(line) && !IsUtf8Text(line)) {
+      std::cerr << "qrl: " << name << " is read as CP949 (--encoding utf-8 "
+                   "reads it as UTF-8)\n";
+      encoding = "cp949";
+    } else if (encoding == "auto" && IsUtf8Text(line)) {
+      encoding = "utf-8";
+    }
+    if (encoding == "cp949") line = recoder.ToUtf8(line.c_str());
     ok = AnalyseLine(line);
+    writer.EndLine();
+    if (!std::cout.good()) {
+      Fail("can't write the output");
+      return false;
+    }
   }
   std::cout.flush();
+  if (!std::cout.good()) {
+    Fail("can't write the output");
+    return false;
+  }
   return ok;
 }
 
@@ -132,6 +163,7 @@ bool Session::AnalyseStream(std::istream& in, const std::string& name,
 bool Session::AnalyseLine(std::string_view line) {
   place.codePointBase = 0;
   place.byteBase = 0;
+  place.line = lineNumber;
   while (line.size() > kPieceLimit) {
     size_t cut = line.find_last_of(" \t", kPieceLimit);
     if (cut == std::string_view::npos || cut == 0) {
@@ -169,7 +201,7 @@ bool Session::AnalysePiece(std::string_view text) {
   // An empty text leaves the previous sentence in place: nothing to write.
   if (cp949.empty()) return true;
   analyzer->RunWithString(cp949.c_str());
-  if (settings.taggingMode >= 0) analyzer->Tagging(settings.taggingMode);
+  if (tagging >= 0) analyzer->Tagging(tagging);
   int count = analyzer->GetEojulCountInSentence();
   for (int i = 0; i < count; ++i) {
     auto& e = static_cast<Eojul&>(*analyzer->GetEojulInSentence(i));
@@ -185,14 +217,37 @@ uint64_t FileSize(const std::string& path) {
   return static_cast<uint64_t>(info.st_size);
 }
 
+// The inputs, each directory replaced by the files under it, in the order
+// of their paths.
+std::vector<std::string> ExpandInputs(const std::vector<std::string>& named) {
+  namespace fs = std::filesystem;
+  std::vector<std::string> inputs;
+  for (const std::string& input : named) {
+    std::error_code error;
+    if (input == "-" || !fs::is_directory(input, error)) {
+      inputs.push_back(input);
+      continue;
+    }
+    std::vector<std::string> files;
+    for (fs::recursive_directory_iterator it(input, error), end;
+         !error && it != end; it.increment(error)) {
+      std::error_code ignored;
+      if (it->is_regular_file(ignored)) files.push_back(it->path().string());
+    }
+    std::sort(files.begin(), files.end());
+    inputs.insert(inputs.end(), files.begin(), files.end());
+  }
+  return inputs;
+}
+
 }  // namespace
 
 int RunAnalysis(const AnalysisSettings& settings) {
   Session session(settings);
   if (!session.Start()) return 1;
   int status = 0;
-  std::vector<std::string> inputs = settings.inputs;
-  if (inputs.empty()) inputs.push_back("-");
+  std::vector<std::string> inputs = ExpandInputs(settings.inputs);
+  if (settings.inputs.empty()) inputs.push_back("-");
   for (const std::string& input : inputs) {
     if (input == "-") {
       Progress none("", 0, false);

@@ -19,7 +19,8 @@ bool ParseFormat(const std::string& name, Format& format) {
   static const struct {
     const char* name;
     Format format;
-  } kFormats[] = {{"full", Format::kFull},
+  } kFormats[] = {{"text", Format::kText},
+                  {"full", Format::kFull},
                   {"compact", Format::kCompact},
                   {"tsv", Format::kTsv},
                   {"json", Format::kJson},
@@ -140,6 +141,7 @@ void EojulWriter::Write(QR_Eojul& e, int offset, const LinePlace& where) {
       AppendUtf8(printed.str().c_str());
       break;
     }
+    case Format::kText:
     case Format::kTsv: WriteTsv(e); break;
     case Format::kJson: WriteJson(e, offset); break;
     case Format::kIndex: WriteIndex(e); break;
@@ -168,6 +170,7 @@ void EojulWriter::WriteTsv(QR_Eojul& e) {
 void EojulWriter::WriteJson(QR_Eojul& e, int offset) {
   line += "{\"surface\":";
   AppendJsonString(line, std::string(place->edge->Written(begin, end)).c_str());
+  line += ",\"line\":" + std::to_string(place->line);
   line += ",\"offset\":" + std::to_string(offset);
   AppendOffsets(begin, end);
   line += ",\"candidates\":[";
@@ -194,6 +197,10 @@ void EojulWriter::WriteJson(QR_Eojul& e, int offset) {
     line += "]}";
   }
   line += "]}\n";
+}
+
+void EojulWriter::EndLine() {
+  if (format == Format::kText) out << "EOS\n";
 }
 
 void EojulWriter::WriteIndex(QR_Eojul& e) {

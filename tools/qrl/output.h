@@ -1,8 +1,11 @@
 // The output forms of qrl, one result per eojul, all UTF-8:
+//   text           (the default) as tsv, and a line "EOS" after the eojuls
+//                  of each input line
 //   full, compact  the eojul's own Print forms
 //   tsv            surface, then one column per visible candidate with its
 //                  morphemes as lexicon/TAG joined by "+"
-//   json           one JSON object per line: surface, the library's offset,
+//   json           one JSON object per line: surface, the input line's
+//                  number (from 1 in each input), the library's offset,
 //                  start and end (code points of the input line) with
 //                  byte_start and byte_end (its UTF-8 bytes), candidates
 //                  with score and morphemes (lexicon, tag, POS mask,
@@ -25,7 +28,7 @@
 namespace Quorel {
 namespace cli {
 
-enum class Format { kFull, kCompact, kTsv, kJson, kIndex };
+enum class Format { kText, kFull, kCompact, kTsv, kJson, kIndex };
 
 // The format named `name`; false when there is none of that name.
 bool ParseFormat(const std::string& name, Format& format);
@@ -43,6 +46,7 @@ struct LinePlace {
   size_t codePointBase = 0;
   size_t byteBase = 0;
   bool characterOffsets = false;  // the library counts characters (option 18)
+  long line = 0;                  // the input line, from 1
 };
 
 // The CP949 span [begin, end) in the text of `place` of `e`, an eojul of a
@@ -58,6 +62,8 @@ class EojulWriter {
   // library's own Eojul behind `e`, and so do the others when a morpheme
   // stands on characters CP949 lacks.
   void Write(QR_Eojul& e, int offset, const LinePlace& place);
+  // Ends the results of one input line (the text form's "EOS").
+  void EndLine();
 
  private:
   void WriteTsv(QR_Eojul& e);

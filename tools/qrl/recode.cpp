@@ -39,6 +39,22 @@ const std::string& Recoder::ToUtf8(const char* cp949) {
   return Convert(cp949, kEncodingCp949, kEncodingUtf8);
 }
 
+bool IsCp949Text(const std::string& bytes) {
+  bool wide = false;
+  for (size_t i = 0; i < bytes.size(); ++i) {
+    const unsigned char lead = static_cast<unsigned char>(bytes[i]);
+    if (lead < 0x80) continue;
+    if (lead < 0x81 || lead > 0xFE || i + 1 >= bytes.size()) return false;
+    const unsigned char trail = static_cast<unsigned char>(bytes[++i]);
+    if (!((trail >= 0x41 && trail <= 0x5A) || (trail >= 0x61 && trail <= 0x7A) ||
+          (trail >= 0x81 && trail <= 0xFE))) {
+      return false;
+    }
+    wide = true;
+  }
+  return wide;
+}
+
 bool IsUtf8Text(const std::string& bytes) {
   bool wide = false;
   size_t i = 0;

@@ -32,6 +32,10 @@ class Recoder {
 // apart for the files users hand to the tool.
 bool IsUtf8Text(const std::string& bytes);
 
+// True when `bytes` hold at least one non-ASCII character and are CP949
+// throughout (a lead byte 0x81 to 0xFE, each followed by a trail byte).
+bool IsCp949Text(const std::string& bytes);
+
 // The whole content of a file; false when it can't be read.
 bool ReadWholeFile(const std::string& path, std::string& content);
 

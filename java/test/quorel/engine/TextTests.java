@@ -5,6 +5,8 @@ import java.io.IOException;
 import java.io.InputStream;
 import java.io.OutputStream;
 import java.nio.charset.StandardCharsets;
+import java.nio.file.Files;
+import java.nio.file.Path;
 import java.util.ArrayList;
 import java.util.List;
 
@@ -120,7 +122,14 @@ public final class TextTests {
       throw new TestMain.Skipped("no path to the qrl tool given");
     }
     String text = MIXED + "\n어제 먹은 사과는 달았다.\n";
-    Process process = new ProcessBuilder(tool, "-f", "tsv").start();
+    // The tool refuses a knowledge without a word: it gets one word that
+    // the text doesn't use. Latin keeps its case on both sides (the tool
+    // writes surfaces as the input has them), and the tool lists every
+    // candidate untagged, as analyze does.
+    Path knowledgeDir = Files.createTempDirectory("qrl-tiny");
+    Files.write(knowledgeDir.resolve("ic.dic"), "어이쿠\n".getBytes(Fixture.CP949));
+    Process process = new ProcessBuilder(tool, "-k", knowledgeDir.toString(), "-f", "tsv",
+        "-n", "0", "-o", "12=1").start();
     try (OutputStream in = process.getOutputStream()) {
       in.write(text.getBytes(StandardCharsets.UTF_8));
     }
@@ -129,6 +138,7 @@ public final class TextTests {
     List<String> fromJava = new ArrayList<>();
     try (QR_Knowledge knowledge = new QR_Knowledge();
          QR_Analyzer analyzer = new QR_Analyzer(knowledge)) {
+      analyzer.setOption(12, 1);
       for (String line : text.split("\n")) {
         // The tool's tabular form: the surface, then a TAB before each
         // candidate that has morphemes.
@@ -144,6 +154,8 @@ public final class TextTests {
       }
     }
     Check.equal(String.join("\n", fromJava) + "\n", printed, "tsv lines");
+    Files.delete(knowledgeDir.resolve("ic.dic"));
+    Files.delete(knowledgeDir);
   }
 
   private static String readAll(InputStream in) throws IOException {
