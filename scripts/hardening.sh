@@ -42,7 +42,7 @@ run_fuzz() {
   local build=$root/build-fuzz
   local runtime
   if ! command -v clang++ >/dev/null 2>&1; then
-    echo "== fuzz: skipped, clang++ is not installed (scripts/install-deps.sh tries to install it)"
+    echo "== fuzz: skipped, clang++ is not installed (scripts/install-deps.sh --tests tries to install it)"
     return 0
   fi
   runtime=$(clang++ -print-file-name=libclang_rt.fuzzer-x86_64.a)

@@ -1,17 +1,23 @@
 #!/usr/bin/env bash
-# Installs what the build and the tests need, from Debian's packages, when it
-# is missing. Safe to run again.
+# Installs what the build needs, from Debian's packages, when it is missing;
+# with --tests also what the tests need (GoogleTest, pytest, clang's
+# sanitizer and libFuzzer runtimes). Safe to run again.
+# Usage: scripts/install-deps.sh [--tests]
 set -euo pipefail
+tests=0
+[ "${1:-}" = "--tests" ] && tests=1
 
 need=()
 command -v cmake >/dev/null 2>&1 || need+=(cmake)
 command -v g++ >/dev/null 2>&1 || need+=(g++)
 command -v make >/dev/null 2>&1 || need+=(make)
 command -v python3 >/dev/null 2>&1 || need+=(python3)
-[ -f /usr/include/gtest/gtest.h ] || need+=(libgtest-dev)
 command -v javac >/dev/null 2>&1 || need+=(default-jdk-headless)
 command -v nm >/dev/null 2>&1 || need+=(binutils)
-[ -d /usr/src/googletest ] || [ -f /usr/lib/x86_64-linux-gnu/libgtest.a ] || need+=(googletest)
+if [ "$tests" = 1 ]; then
+  [ -f /usr/include/gtest/gtest.h ] || need+=(libgtest-dev)
+  [ -d /usr/src/googletest ] || [ -f /usr/lib/x86_64-linux-gnu/libgtest.a ] || need+=(googletest)
+fi
 
 if [ ${#need[@]} -gt 0 ]; then
   echo "Installing: ${need[*]}"
@@ -23,10 +29,10 @@ fi
 
 # pytest runs the tests of the Python tools: from the package index for the
 # python3 on the path, else Debian's package for the system's python3.
-if ! python3 -m pytest --version >/dev/null 2>&1; then
+if [ "$tests" = 1 ] && ! python3 -m pytest --version >/dev/null 2>&1; then
   python3 -m pip install -q pytest >/dev/null 2>&1 || true
 fi
-if ! python3 -m pytest --version >/dev/null 2>&1; then
+if [ "$tests" = 1 ] && ! python3 -m pytest --version >/dev/null 2>&1; then
   SUDO=""
   [ "$(id -u)" -ne 0 ] && SUDO="sudo"
   $SUDO apt-get update -qq || true
@@ -47,6 +53,7 @@ fi
 # clang with its sanitizer and libFuzzer runtimes builds the fuzz targets
 # (scripts/hardening.sh). Optional as well: without them the fuzz runs are
 # skipped with a message; the sanitizer builds use g++'s runtimes.
+[ "$tests" = 1 ] || exit 0
 SUDO=""
 [ "$(id -u)" -ne 0 ] && SUDO="sudo"
 fuzzer_runtime() {

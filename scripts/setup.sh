@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Sets everything up and runs the main job: installs what is missing, builds
+# Sets everything up and runs the main job, a line per step (the full output
+# goes to <build>/setup.log): installs what is missing, builds
 # the library and the command-line tool, builds the knowledge base
 # (<build>/knowledge/ from knowledge-src/ and the Korean Hunspell dictionary,
 # with its compiled qrl.klg, which qrl finds beside its executable), and
@@ -25,13 +26,30 @@ while [ $# -gt 0 ]; do
   esac
 done
 
-scripts/install-deps.sh
+# One line per step; the full output of every step goes to the log.
+mkdir -p "$build"
+log=$build/setup.log
+: >"$log"
+step() {  # step TITLE COMMAND...
+  local title=$1
+  shift
+  printf '%s... ' "$title" >&2
+  if "$@" >>"$log" 2>&1; then
+    echo "done" >&2
+  else
+    echo "failed; the full log is $log" >&2
+    tail -n 20 "$log" >&2
+    exit 1
+  fi
+}
+echo "Setting up qrlsl (full log: $log)" >&2
+step "dependencies" scripts/install-deps.sh
 # Link-time optimised, and profile-guided when there is a training text
 # (scripts/pgo.sh): the instrumented build compiles the knowledge and
 # analyses the text, and the final build is optimised by what it saw.
 . "$root/scripts/pgo.sh"
 configure() {
-  cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=Release -DQRLSL_BUILD_TESTS=OFF "$@" >/dev/null
+  cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=Release -DQRLSL_BUILD_TESTS=OFF "$@"
 }
 text=$(mktemp /tmp/qrl-pgo-XXXXXX)
 trap 'rm -f "$text"' EXIT
@@ -39,22 +57,25 @@ pgo=0
 if pgo_text "$text"; then
   pgo=1
   rm -rf "$build/pgo-profile"
-  configure -DQRLSL_PGO=generate -DQRLSL_PGO_DIR="$build/pgo-profile"
+  build_step() {
+    configure -DQRLSL_PGO=generate -DQRLSL_PGO_DIR="$build/pgo-profile" &&
+      cmake --build "$build" -j"$(nproc)"
+  }
 else
-  configure -DQRLSL_PGO=
+  build_step() { configure -DQRLSL_PGO= && cmake --build "$build" -j"$(nproc)"; }
 fi
-cmake --build "$build" -j"$(nproc)"
-
-python3 tools/build_knowledge.py --out "$build/knowledge" --compiler "$build/qrl_compile" \
-  ${train[@]+"${train[@]}"} >&2
-
+step "build" build_step
+step "knowledge" python3 tools/build_knowledge.py --out "$build/knowledge" \
+  --compiler "$build/qrl_compile" ${train[@]+"${train[@]}"}
 if [ "$pgo" = 1 ]; then
-  pgo_train "$build" "$build/knowledge" "$text" 2>/dev/null
-  configure -DQRLSL_PGO=use
-  cmake --build "$build" -j"$(nproc)"
-  echo "Profile-guided build, trained on $(wc -l <"$text") lines of text" >&2
+  optimise_step() {
+    pgo_train "$build" "$build/knowledge" "$text" &&
+      configure -DQRLSL_PGO=use && cmake --build "$build" -j"$(nproc)"
+  }
+  step "profile-guided build ($(wc -l <"$text") lines of text)" optimise_step
 fi
 
 echo "Built: $build/libqrlsl.so, $build/libqrlsl.a, $build/qrl and $build/knowledge/qrl.klg" >&2
-printf '%s\n' "나는 학교에 갔다. 하늘이 맑다!" | "$build/qrl" -f tsv
+echo "sample:" >&2
+printf '%s\n' "나는 학교에 갔다. 하늘이 맑다!" | "$build/qrl"
 echo "Analyse your own text: $build/qrl < text.txt   (options: $build/qrl --help)" >&2

@@ -10,7 +10,7 @@ cd "$(dirname "$0")/.."
 root=$(pwd)
 build=${1:-$root/build-test}
 
-scripts/install-deps.sh
+scripts/install-deps.sh --tests
 cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=Debug -DQRLSL_BUILD_TESTS=ON >/dev/null
 cmake --build "$build" -j"$(nproc)"
 ctest --test-dir "$build" --output-on-failure -j"$(nproc)"
