@@ -160,10 +160,72 @@ public class QR_Analyzer extends NativeObject {
   }
 
   /**
+   * The most characters handed to the native analyzer at once: at most two
+   * CP949 bytes each, they stay under its line limit of 66,560 bytes, beyond
+   * which it analyses nothing.
+   */
+  static final int PIECE_CHARS = 30000;
+
+  /**
    * Analyses `text` and returns its eojuls. The sentence is kept for this
-   * call whatever the output bits say; the other bits stay as set.
+   * call whatever the output bits say; the other bits stay as set. A text
+   * too long for one run is analysed in pieces cut at a line end, a sentence
+   * end or a blank (at a character otherwise); each eojul's offset counts
+   * from the start of the whole text, as one run would count it.
    */
   public List<AnalyzedEojul> analyze(String text) {
+    if (text.length() <= PIECE_CHARS) {
+      return analyzePiece(text);
+    }
+    List<AnalyzedEojul> eojuls = new ArrayList<>();
+    int start = 0;
+    int base = 0;
+    while (start < text.length()) {
+      int end = pieceEnd(text, start);
+      String piece = text.substring(start, end);
+      for (AnalyzedEojul e : analyzePiece(piece)) {
+        eojuls.add(new AnalyzedEojul(e.surface(), e.offset() < 0 ? e.offset() : e.offset() + base,
+            e.candidates()));
+      }
+      base += piece.getBytes(QR_Knowledge.CP949).length;
+      start = end;
+    }
+    return eojuls;
+  }
+
+  /** Where the piece of `text` that starts at `start` ends. */
+  static int pieceEnd(String text, int start) {
+    int limit = start + PIECE_CHARS;
+    if (limit >= text.length()) {
+      return text.length();
+    }
+    int cut = text.lastIndexOf('\n', limit - 1);
+    if (cut < start) {
+      cut = -1;
+      for (int i = limit - 1; i > start; --i) {
+        char c = text.charAt(i - 1);
+        if (Character.isWhitespace(text.charAt(i)) && (c == '.' || c == '?' || c == '!')) {
+          cut = i;
+          break;
+        }
+      }
+    }
+    if (cut < start) {
+      cut = -1;
+      for (int i = limit - 1; i > start; --i) {
+        if (Character.isWhitespace(text.charAt(i))) {
+          cut = i;
+          break;
+        }
+      }
+    }
+    if (cut <= start) {
+      cut = Character.isLowSurrogate(text.charAt(limit)) ? limit - 1 : limit;
+    }
+    return cut + (cut < text.length() && text.charAt(cut) == '\n' ? 1 : 0);
+  }
+
+  private List<AnalyzedEojul> analyzePiece(String text) {
     long self = live();
     jniSetExOption(exOption | EX_KEEP_SENTENCE, self);
     try {

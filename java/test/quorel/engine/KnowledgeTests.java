@@ -1,5 +1,7 @@
 package quorel.engine;
 
+import java.nio.charset.StandardCharsets;
+import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.HashSet;
 import java.util.List;
@@ -27,6 +29,87 @@ public final class KnowledgeTests {
           "no compiled file in an empty directory");
     } finally {
       Fixture.remove(dir);
+    }
+  }
+
+  public static void aKnowledgeThatDoesNotLoadThrowsNamingDirectoryAndReason()
+      throws Exception {
+    Path dir = Fixture.newDirectory();
+    try {
+      Path empty = Files.createDirectories(dir.resolve("empty"));
+      Path sources = Files.createDirectories(dir.resolve("sources"));
+      Files.write(sources.resolve("nng.dic"), "학교\n".getBytes(StandardCharsets.UTF_8));
+      Object[][] rows = {
+          {empty, "holds no word"},
+          {sources, "in UTF-8"},
+          {dir.resolve("nowhere"), "no knowledge directory"},
+      };
+      for (Object[] row : rows) {
+        Path directory = (Path) row[0];
+        try (QR_Knowledge knowledge = new QR_Knowledge()) {
+          knowledge.load(directory);
+          throw new AssertionError("loaded " + directory);
+        } catch (IllegalStateException expected) {
+          Check.isTrue(expected.getMessage().contains(directory.toString()),
+              "message names the directory: " + expected.getMessage());
+          Check.isTrue(expected.getMessage().contains((String) row[1]),
+              "message gives the reason: " + expected.getMessage());
+        }
+      }
+      // Source dictionaries in CP949 load, with their pre-analysis.
+      Fixture.writeCp949(dir, "nng.dic", List.of("학교"));
+      Fixture.writeCp949(dir, "preanal.sys.dic", List.of("먹은\t먹/VV+은/ETM"));
+      try (QR_Knowledge knowledge = new QR_Knowledge();
+           QR_Analyzer analyzer = new QR_Analyzer(knowledge)) {
+        knowledge.load(dir);
+        Check.equal("먹/VV", analyzer.analyze("먹은").get(0).candidates().get(0)
+            .morphemes().get(0).toString(), "pre-analysis loaded");
+      }
+    } finally {
+      Fixture.remove(dir);
+    }
+  }
+
+  public static void userFilesLoadInUtf8AndCp949AsTheCommandLoadsThem()
+      throws Exception {
+    Path dir = Fixture.newDirectory();
+    try {
+      Fixture.writeCp949(dir, "nng.dic", List.of("학교"));
+      Path utf8 = dir.resolve("nouns-utf8.txt");
+      Files.write(utf8, "쿼렐\t0\n".getBytes(StandardCharsets.UTF_8));
+      Path cp949 = Fixture.writeCp949(dir, "nouns-cp949.txt", List.of("큐렐\t0"));
+      try (QR_Knowledge knowledge = new QR_Knowledge();
+           QR_Analyzer analyzer = new QR_Analyzer(knowledge)) {
+        knowledge.load(dir);
+        knowledge.addUserNouns(utf8);
+        knowledge.addUserNouns(cp949);
+        for (String word : new String[] {"쿼렐", "큐렐"}) {
+          Candidate first = analyzer.analyze(word).get(0).candidates().get(0);
+          Check.equal("NNU", first.morphemes().get(0).tag(), word + " is a user noun");
+        }
+      }
+    } finally {
+      Fixture.remove(dir);
+    }
+  }
+
+  public static void aTextBeyondTheLineLimitIsAnalysedInPieces() throws Exception {
+    try (QR_Knowledge knowledge = Fixture.knowledgeWithPreAnalysis();
+         QR_Analyzer analyzer = new QR_Analyzer(knowledge)) {
+      // 100,000 CP949 bytes: far beyond what one run analyses.
+      StringBuilder text = new StringBuilder();
+      final int count = 20000;
+      for (int i = 0; i < count; ++i) {
+        text.append(i % 2 == 0 ? "먹은 " : "사과의 ");
+      }
+      List<AnalyzedEojul> eojuls = analyzer.analyze(text.toString());
+      Check.equal(count, eojuls.size(), "every eojul");
+      for (int i = 0; i < count; i += 997) {
+        AnalyzedEojul e = eojuls.get(i);
+        Check.equal(i % 2 == 0 ? "먹은" : "사과의", e.surface(), "surface " + i);
+        // 5 CP949 bytes for 먹은 and its blank, 7 for 사과의 and its blank.
+        Check.equal((i / 2) * 12 + (i % 2) * 5, e.offset(), "offset " + i);
+      }
     }
   }
 
