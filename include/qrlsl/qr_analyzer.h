@@ -22,11 +22,31 @@ class QR_Analyzer {
   // Makes `eojul` current (not owned) and re-initialises: options and the
   // index mask must be set again afterwards.
   virtual int SetEojul(QR_Eojul* eojul) = 0;
-  // Numbered options 0 to 19, and 20 (an unknown word gives up its josa
-  // and is divided into the known words it is made of), 21 (tagging mode 1
-  // breaks ties of one tag list by score) and 22 (tagging mode 1 leaves
-  // words its statistics don't know to the rules of mode 0), all off by
-  // default; others are ignored.
+  // Numbered options; others are ignored. A value of 1 or more switches an
+  // option on, and all are off (0) after construction (docs/options.md):
+  //   0  candidates kept per eojul, the highest scores (0: all)
+  //   1  foreign words are index words, of this length or more
+  //   2  numbers are index words, of this length or more
+  //   3  predicates (VV, VA, VX) are index words
+  //   4  determiners (MM) are index words
+  //   5  adverbs (MA) are index words
+  //   6  interjections (IC) are index words
+  //   7  unregistered nouns (NNR) are index words
+  //   8  bound nouns (NNB) are index words
+  //   9  adds the bits of `value` to the index mask
+  //  10  takes the bits of `value` out of the index mask (not the noun bit)
+  //  11  a number and a bound noun are offered joined as well
+  //  12  Latin words keep their case
+  //  13  "." and "," inside a number belong to it
+  //  14  second stage: prefix and suffix pieces joined into NNC
+  //  15  second stage: runs of noun pieces joined into NNC
+  //  16  RunWithEojul records each morpheme's place in the surface
+  //  17  prefix/suffix pieces joined (1 or 2: its two modes)
+  //  18  offsets count characters, not bytes
+  //  19  candidates kept up to the first with a user noun
+  //  20  an unknown word gives up its josa, its stem read as known words
+  //  21  tagging mode 1 breaks ties of one tag list by score
+  //  22  tagging mode 1 leaves words its statistics don't know to mode 0
   virtual void SetOption(int option, int value) = 0;
   // Output-mode bits: 1 keep the sentence, 2 print, 4 tagging mode.
   // Returns the stored low byte.
