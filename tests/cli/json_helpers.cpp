@@ -2,6 +2,8 @@
 // come back as UTF-8.
 #include "cli/json_helpers.h"
 
+#include <gtest/gtest.h>
+
 #include <cctype>
 #include <cstdlib>
 #include <cstring>
@@ -198,6 +200,20 @@ bool JsonValue::Has(const std::string& key) const {
 bool ParseJson(const std::string& text, JsonValue& value) {
   value = JsonValue();
   return Parser(text).Document(value);
+}
+
+std::vector<JsonValue> JsonLines(const std::string& text) {
+  std::vector<JsonValue> values;
+  size_t start = 0;
+  while (start < text.size()) {
+    size_t end = text.find('\n', start);
+    if (end == std::string::npos) end = text.size();
+    values.emplace_back();
+    EXPECT_TRUE(ParseJson(text.substr(start, end - start), values.back()))
+        << text.substr(start, end - start);
+    start = end + 1;
+  }
+  return values;
 }
 
 }  // namespace clitest

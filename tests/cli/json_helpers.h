@@ -26,6 +26,9 @@ struct JsonValue {
 
 bool ParseJson(const std::string& text, JsonValue& value);
 
+// Each line of `text` parsed; a line that doesn't parse fails the test.
+std::vector<JsonValue> JsonLines(const std::string& text);
+
 }  // namespace clitest
 
 #endif  // QRLSL_TESTS_CLI_JSON_HELPERS_H_

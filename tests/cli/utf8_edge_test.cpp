@@ -52,12 +52,7 @@ class Utf8EdgeTest : public testing::Test {
     args.insert(args.begin(), {"-f", "json"});
     RunResult run = Run(args, input);
     EXPECT_EQ(0, run.status) << run.err;
-    std::vector<JsonValue> eojuls;
-    for (const std::string& line : Lines(run.out)) {
-      eojuls.emplace_back();
-      EXPECT_TRUE(ParseJson(line, eojuls.back())) << line;
-    }
-    return eojuls;
+    return JsonLines(run.out);
   }
 
   ScratchDir dir;
