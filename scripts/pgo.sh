@@ -27,7 +27,7 @@ pgo_text() {
 
 pgo_train() {
   local build=$1 knowledge=$2 text=$3
-  "$build/qrl" -k "$knowledge" -f json <"$text" >/dev/null
+  "$build/qrl" -k "$knowledge" -f json -n 0 <"$text" >/dev/null
   "$build/qrl" -k "$knowledge" -f json -t 0 <"$text" >/dev/null
   "$build/qrl" -k "$knowledge" -f tsv -t 1 <"$text" >/dev/null
 }
