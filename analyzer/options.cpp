@@ -1,5 +1,5 @@
 // The numbered options and the output-mode byte. Options 1 to 10 edit the
-// index mask of the current eojul; options 11 to 20 only store their byte,
+// index mask of the current eojul; options 11 to 22 only store their byte,
 // which a pipeline step reads.
 #include "analyzer/m_analyzer.h"
 #include "eojul/tag_set.h"
@@ -86,7 +86,7 @@ void MAnalyzer::SetOption(int option, int value) {
       options[option] = byte;
       if (options[0] == 0) options[0] = 2;
       break;
-    default:  // 0, 11, 16 to 20
+    default:  // 0, 11, 16 to 22
       options[option] = byte;
       break;
   }

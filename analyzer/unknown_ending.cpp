@@ -154,6 +154,12 @@ void MAnalyzer::GiveUpUnknownEnding(Eojul& e) {
   if (Knowledge() == nullptr || candidates < 1 || candidates > kUnknownCandidates) {
     return;
   }
+  // Most eojuls hold no unknown piece: their first candidate tells at once.
+  bool unknown = false;
+  for (int m = 0; m < e.GetCount(0) && !unknown; ++m) {
+    unknown = e.GetPOS(0, m) == Pos::NNR;
+  }
+  if (!unknown) return;
   const char* surface = e.GetString();
   const int32_t length = static_cast<int32_t>(std::strlen(surface));
   if (!AllSyllables(surface, length)) return;
